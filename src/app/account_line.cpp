@@ -1,0 +1,57 @@
+#include "app/account_line.h"
+
+#include <cstdint>
+#include <string_view>
+
+#include "text/number.h"
+
+namespace tovak::app {
+namespace {
+
+void appendCount(std::string& line, std::uint64_t count, std::string_view what) {
+  text::appendWhole(line, static_cast<std::int64_t>(count));
+  line += what;
+}
+
+/// Appends one item of a list in brackets.
+void appendItem(std::string& list, const run::Tally& tally, std::string_view what, bool tellLine) {
+  if (tally.count == 0) return;
+  if (!list.empty()) list += "; ";
+  appendCount(list, tally.count, what);
+  if (!tellLine) return;
+  list += ", first in line ";
+  appendCount(list, tally.firstLine, "");
+}
+
+std::string skippedList(const run::RecordCounts& counts) {
+  std::string list;
+  appendItem(list, counts.refusedByEngine, " by the engine", false);
+  appendItem(list, counts.refusedAngle, " for an angle", false);
+  list += "; first in line ";
+  appendCount(list, counts.firstSkippedLine, ": ");
+  return list + counts.firstSkipReason;
+}
+
+std::string passedOverList(const run::RecordCounts& counts) {
+  std::string list;
+  appendItem(list, counts.withoutDelimiter, " without delimiter", true);
+  appendItem(list, counts.zeroCoordinate, " with a zero coordinate", true);
+  appendItem(list, counts.comment, " comment", true);
+  return list;
+}
+
+}  // namespace
+
+std::string accountLine(const run::RecordCounts& counts) {
+  std::string line;
+  const std::uint64_t read = recordsRead(counts);
+  appendCount(line, read, read == 1 ? " record read: " : " records read: ");
+  appendCount(line, counts.converted, " converted, ");
+  appendCount(line, recordsSkipped(counts), " skipped");
+  if (recordsSkipped(counts) > 0) line += " (" + skippedList(counts) + ")";
+  appendCount(line += ", ", recordsPassedOver(counts), " passed over");
+  if (recordsPassedOver(counts) > 0) line += " (" + passedOverList(counts) + ")";
+  return line;
+}
+
+}  // namespace tovak::app

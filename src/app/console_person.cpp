@@ -1,0 +1,43 @@
+#include "app/console_person.h"
+
+#include <string>
+
+#include "text/number.h"
+
+namespace tovak::app {
+namespace {
+
+constexpr std::chrono::milliseconds kProgressInterval(100);
+constexpr const char* kClearLine = "\r\033[K";
+
+}  // namespace
+
+void printMessage(std::ostream& out, const run::Message& message) {
+  out << message.title << ": " << message.text << std::endl;
+}
+
+ConsolePerson::~ConsolePerson() {
+  if (progressShown_) err_ << kClearLine << std::flush;
+}
+
+void ConsolePerson::show(const run::Message& message) {
+  printMessage(err_, message);
+}
+
+bool ConsolePerson::confirm(const run::Message& question) {
+  printMessage(err_, question);
+  return false;
+}
+
+void ConsolePerson::progress(std::uint64_t records) {
+  if (!showProgress_) return;
+  const auto now = std::chrono::steady_clock::now();
+  if (progressShown_ && now - lastProgress_ < kProgressInterval) return;
+  lastProgress_ = now;
+  progressShown_ = true;
+  std::string line = kClearLine;
+  text::appendWhole(line, static_cast<std::int64_t>(records));
+  err_ << line << " records" << std::flush;
+}
+
+}  // namespace tovak::app

@@ -1,0 +1,30 @@
+/// The program from its command line to its exit status.
+#pragma once
+
+#include <ostream>
+#include <string>
+
+#include "app/startup.h"
+
+namespace tovak::app {
+
+enum ExitStatus : int {
+  kFinished = 0,
+  kStoppedByMessage = 1,
+  kCommandLineProblem = 2,
+  kNotEverythingConverted = 3,
+};
+
+/// What the program stands in.
+struct Surroundings {
+  std::ostream& out;
+  std::ostream& err;
+  bool errIsTerminal = false;
+  bool hasDisplay = false;
+  Date today;
+};
+
+/// Carries out one command line (see `joinArguments`).
+ExitStatus runProgram(const std::string& commandLine, const Surroundings& surroundings);
+
+}  // namespace tovak::app

@@ -1,0 +1,73 @@
+#include "app/startup.h"
+
+#include <cstdlib>
+#include <system_error>
+#include <utility>
+
+#include "formats/delimited/built_in_formats.h"
+#include "run/engine_loader.h"
+#include "text/number.h"
+
+namespace tovak::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kDefinitionsName = "Tovak.cdf";
+
+void appendTwoDigits(std::string& out, int value) {
+  if (value < 10) out += '0';
+  text::appendWhole(out, value);
+}
+
+}  // namespace
+
+void prepareDataFolder(const fs::path& dataFolder) {
+  if (dataFolder.empty()) return;
+  std::error_code ignored;
+  fs::create_directories(dataFolder, ignored);
+  const fs::path definitions = dataFolder / kDefinitionsName;
+  const char* const programs = std::getenv("ProgramFiles");
+  if (programs == nullptr || fs::exists(definitions, ignored)) return;
+  const fs::path installed = fs::path(programs) / "Tovak" / kDefinitionsName;
+  if (fs::exists(installed, ignored)) fs::copy_file(installed, definitions, ignored);
+}
+
+formats::DefinitionsResult loadFormats(const fs::path& dataFolder) {
+  const formats::DefinitionsResult standardAlone = {{formats::standardFormat()}, {}};
+  if (dataFolder.empty()) return standardAlone;
+  const std::string path = (dataFolder / kDefinitionsName).string();
+  std::string ignored;  // A folder that cannot be written to hinders nobody until formats are to be saved.
+  formats::ensureDefinitionsFile(path, ignored);
+  std::error_code unknown;
+  return fs::exists(path, unknown) ? formats::loadDefinitions(path) : standardAlone;
+}
+
+std::string dailyReportName(const fs::path& dataFolder, const Date& date) {
+  std::string name = "Tovak";
+  appendTwoDigits(name, date.month);
+  name += '-';
+  appendTwoDigits(name, date.day);
+  name += '-';
+  text::appendWhole(name, date.year);
+  name += ".rpt";
+  return (dataFolder / name).string();
+}
+
+EngineStart startEngine() {
+  run::EngineResult loaded = run::createEngine(run::kEngineIdentifier);
+  if (loaded.engine == nullptr) {
+    return {nullptr,
+            {"The TovakX Object could not be loaded.", "Missing Component", run::Icon::None},
+            std::move(loaded.reason)};
+  }
+  if (loaded.engine->GetVersion() < run::kOldestEngineVersion) {
+    return {nullptr,
+            {"The TovakX Component is out of date.\nRun the newest TovakX_Install.exe.", "TovakX Version Error",
+             run::Icon::None},
+            {}};
+  }
+  return {std::move(loaded.engine), {}, {}};
+}
+
+}  // namespace tovak::app

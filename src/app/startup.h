@@ -1,0 +1,42 @@
+/// What the program settles before it can convert: the data folder with its definitions file, the engine, the name of
+/// the daily report.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "formats/delimited/definitions_file.h"
+#include "run/conversion_engine.h"
+#include "run/message.h"
+
+namespace tovak::app {
+
+struct Date {
+  int year = 0;
+  int month = 0;  ///< 1 to 12
+  int day = 0;
+};
+
+/// Creates the data folder when it is missing, and copies the installed definitions file (in the folder named by the
+/// environment variable ProgramFiles, under "Tovak") into it when it holds none; an existing one is never touched.
+/// Failures are not reported: the file is then made anew.
+void prepareDataFolder(const std::filesystem::path& dataFolder);
+
+/// The definitions file's formats; without a data folder, or with a file that is refused, "Tovak Standard" alone. A
+/// file that is missing is created.
+formats::DefinitionsResult loadFormats(const std::filesystem::path& dataFolder);
+
+/// The report file of a day: "Tovak", the date as mm-dd-yyyy and ".rpt", in the data folder.
+std::string dailyReportName(const std::filesystem::path& dataFolder, const Date& date);
+
+struct EngineStart {
+  std::unique_ptr<run::ConversionEngine> engine;  ///< null when the program cannot go on
+  run::Message message;                           ///< then the message to show
+  std::string reason;                             ///< and what lies behind it, when that is known
+};
+
+/// Creates the program's engine and checks its version.
+EngineStart startEngine();
+
+}  // namespace tovak::app

@@ -1,0 +1,90 @@
+#include "app/usage.h"
+
+#include <cstdint>
+#include <string_view>
+
+#include "run/projection_code.h"
+#include "text/number.h"
+
+namespace tovak::app {
+namespace {
+
+constexpr std::string_view kSwitches = R"(Tovak )" TOVAK_VERSION
+                                       R"( converts survey points between map projections and datums.
+
+  tovak SOURCE TARGET -B -SFn -SPn -SUx -TFn -TPn -TUx [-An] [-Fn] [-Yyear]
+
+For example, latitudes and longitudes in decimal degrees to state plane South in U.S. survey feet:
+
+  tovak control.csv south.csv -B -SF2 -SP1 -SUE -TF2 -TP5 -TUE -A4
+
+  SOURCE TARGET  the two files; a name with blanks goes into quotes: "north side.csv"
+  -B      convert now; ends with a line that accounts for every record
+  -Q      convert now and say nothing when all goes well
+  -SFn    source format, a number of the list below              -SF2   Comma Delimited File
+  -TFn    target format, a number of the list below              -TF2   Comma Delimited File
+  -SPn    source projection, a number of the list below          -SP1   latitude and longitude on NAD83
+  -TPn    target projection, a number of the list below          -TP5   state plane South on NAD83
+  -SUx    source units, E (U.S. survey feet) or M (metres);      -SUE
+          for latitude and longitude the unit of the elevation
+  -TUx    target units, likewise                                 -TUM
+  -An     latitudes and longitudes of the source are             -A4    decimal degrees
+          1, 2, 3  degrees, minutes, seconds: DDMMSS.sss or DD.MMSSsss (when not given)
+          4        decimal degrees
+          5        degrees and decimal minutes: DDMM.mmmm
+  -Fn     accuracy of written coordinates, for the target        -F1    .001 units (when not given)
+          formats that ask for it: 1 .001 units, 2 .01 units,
+          3 .1 units, 4 1 unit, 5 10 units, 6 100 units
+  -Rname  report file of the window; a batch run                 -R"my report.rpt"
+          writes no report
+  -Yyear  NAD83 adjustment named in the target file: 1986,       -Y2011
+          1996, 2007 or 2011; must be the last on the line
+  -H      this page
+
+The help switch is found anywhere in the line, even inside a file name: a command line with "my-house.csv" shows this
+page and converts nothing.
+
+Exit status: 0 finished; 1 stopped by a message; 2 command line problems; 3 finished, but not everything was converted.
+)";
+
+/// A list entry: the number right-aligned, then the name.
+void appendEntry(std::string& page, std::int64_t number, std::string_view name) {
+  std::string digits;
+  text::appendWhole(digits, number);
+  page.append(6 - digits.size(), ' ');
+  page += digits + "  ";
+  page += name;
+  page += '\n';
+}
+
+template <typename Formats>
+void appendFormats(std::string& page, std::string_view heading, const Formats& formats) {
+  page += '\n';
+  page += heading;
+  std::int64_t number = 0;
+  for (const auto& format : formats) appendEntry(page, ++number, format.name);
+}
+
+void appendProjections(std::string& page, run::ConversionEngine& engine) {
+  for (std::int16_t code = 0; code <= run::kLastProjectionCode; ++code) {
+    const std::string data = engine.GetProjectionData(code);
+    if (!data.empty()) appendEntry(page, code + 1, std::string_view(data).substr(0, data.find('~')));
+  }
+}
+
+}  // namespace
+
+std::string usagePage(const run::FormatTables& formats, run::ConversionEngine* engine, const std::string& reason) {
+  std::string page(kSwitches);
+  appendFormats(page, "Source formats:\n", formats.sources);
+  appendFormats(page, "Target formats:\n", formats.targets);
+  page += "\nProjections:\n";
+  if (engine != nullptr) {
+    appendProjections(page, *engine);
+  } else {
+    page += "  not known, since the engine could not be loaded: " + reason + '\n';
+  }
+  return page;
+}
+
+}  // namespace tovak::app

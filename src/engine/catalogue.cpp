@@ -1,0 +1,48 @@
+#include "engine/catalogue.h"
+
+#include <algorithm>
+
+namespace tovak::engine {
+namespace {
+
+using enum Datum;
+using enum SystemKind;
+
+// The zones by their defining constants: the State Plane Coordinate System of 1983 (NOAA Manual NOS NGS 5) and that of
+// 1927 (Coast and Geodetic Survey Publication 62-4), whose false easting is 2,000,000 U.S. survey feet.
+constexpr CoordinateSystem kSystems[] = {
+    {0, "Latitude and Longitude, NAD83", nad83, latLong, nullptr},
+    {1, "Universal Transverse Mercator zone 15, NAD83", nad83, utm, "+proj=utm +zone=15 +ellps=GRS80"},
+    {2, "State plane North, NAD83", nad83, statePlane,
+     "+proj=lcc +lat_1=47d02' +lat_2=48d38' +lat_0=46d30' +lon_0=-93d06' +x_0=800000 +y_0=100000 +ellps=GRS80"},
+    {3, "State plane Central, NAD83", nad83, statePlane,
+     "+proj=lcc +lat_1=45d37' +lat_2=47d03' +lat_0=45d00' +lon_0=-94d15' +x_0=800000 +y_0=100000 +ellps=GRS80"},
+    {4, "State plane South, NAD83", nad83, statePlane,
+     "+proj=lcc +lat_1=43d47' +lat_2=45d13' +lat_0=43d00' +lon_0=-94d00' +x_0=800000 +y_0=100000 +ellps=GRS80"},
+    {266, "Universal Transverse Mercator zone 14, NAD83", nad83, utm, "+proj=utm +zone=14 +ellps=GRS80"},
+    {267, "Universal Transverse Mercator zone 16, NAD83", nad83, utm, "+proj=utm +zone=16 +ellps=GRS80"},
+
+    {103, "Latitude and Longitude, NAD27", nad27, latLong, nullptr},
+    {104, "Universal Transverse Mercator zone 15, NAD27", nad27, utm, "+proj=utm +zone=15 +ellps=clrk66"},
+    {105, "State plane North, NAD27", nad27, statePlane,
+     "+proj=lcc +lat_1=47d02' +lat_2=48d38' +lat_0=46d30' +lon_0=-93d06' +x_0=609601.2192024384 +ellps=clrk66"},
+    {106, "State plane Central, NAD27", nad27, statePlane,
+     "+proj=lcc +lat_1=45d37' +lat_2=47d03' +lat_0=45d00' +lon_0=-94d15' +x_0=609601.2192024384 +ellps=clrk66"},
+    {107, "State plane South, NAD27", nad27, statePlane,
+     "+proj=lcc +lat_1=43d47' +lat_2=45d13' +lat_0=43d00' +lon_0=-94d00' +x_0=609601.2192024384 +ellps=clrk66"},
+    {264, "Universal Transverse Mercator zone 14, NAD27", nad27, utm, "+proj=utm +zone=14 +ellps=clrk66"},
+    {265, "Universal Transverse Mercator zone 16, NAD27", nad27, utm, "+proj=utm +zone=16 +ellps=clrk66"},
+};
+
+}  // namespace
+
+std::span<const CoordinateSystem> coordinateSystems() {
+  return kSystems;
+}
+
+const CoordinateSystem* findSystem(std::int16_t code) {
+  const auto* found = std::ranges::find(kSystems, code, &CoordinateSystem::code);
+  return found == std::end(kSystems) ? nullptr : found;
+}
+
+}  // namespace tovak::engine

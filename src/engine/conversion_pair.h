@@ -1,0 +1,36 @@
+/// The computation of one point between two sides that have been made ready.
+#pragma once
+
+#include "engine/catalogue.h"
+#include "engine/datum_shift.h"
+#include "engine/length_unit.h"
+#include "engine/projections.h"
+
+namespace tovak::engine {
+
+/// Northing and easting in the side's unit, or latitude and longitude in decimal degrees, west negative; the elevation
+/// in the side's unit.
+struct Point {
+  double northing = 0.0;
+  double easting = 0.0;
+  double elevation = 0.0;
+};
+
+struct Side {
+  const CoordinateSystem* system = nullptr;
+  LengthUnit unit = LengthUnit::usSurveyFeet;
+  PJconsts* projection = nullptr;  ///< null for latitude and longitude
+};
+
+struct ConversionPair {
+  Side source;
+  Side target;
+  const DatumShift* shift = nullptr;  ///< open; null when both sides are on one datum
+};
+
+/// Converts `point` in place from source to target. The source longitude of a latitude and longitude system counts as
+/// west whatever its sign. Between equal systems coordinates change by their unit only. After a failure `point` is not
+/// to be used.
+Error convertPoint(const ConversionPair& pair, Point& point);
+
+}  // namespace tovak::engine

@@ -1,0 +1,24 @@
+/// What can go wrong with a point, by the codes that `TovakVert` returns.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tovak::engine {
+
+enum class Error : std::int16_t {
+  none = 0,
+  unknownSource = 1,
+  unknownTarget = 2,
+  unreadableText = 3,
+  noGrid = 4,
+  notComputed = 5,  ///< PROJ could not compute the point, or a number that came in or out is not finite
+  latitudeOutside = 7,
+  longitudeOutside = 8,
+  outsideGrid = 9,
+};
+
+/// The error in words, for any code; one that is no error of the engine's gets a general text.
+std::string errorText(std::int16_t code);
+
+}  // namespace tovak::engine

@@ -1,0 +1,14 @@
+/// The two length units of coordinates and elevations.
+#pragma once
+
+namespace tovak::engine {
+
+enum class LengthUnit { usSurveyFeet, metres };
+
+/// `value` in the unit `to`. A metre is exactly 39.37/12 U.S. survey feet; between equal units nothing is touched.
+constexpr double convertLength(double value, LengthUnit from, LengthUnit to) {
+  if (from == to) return value;
+  return to == LengthUnit::metres ? value * 12.0 / 39.37 : value * 39.37 / 12.0;
+}
+
+}  // namespace tovak::engine

@@ -1,0 +1,112 @@
+#include "engine/tovakx.h"
+
+#include <exception>
+#include <optional>
+#include <utility>
+
+#include "text/number.h"
+
+namespace tovak::engine {
+namespace {
+
+constexpr double kVersion = 103.0;
+constexpr std::int16_t kAskForProject = -263;
+
+std::string resultText(const CoordinateSystem& system, const char* angles) {
+  std::string text(system.name);
+  if (system.kind == SystemKind::latLong) text += angles;
+  return text;
+}
+
+}  // namespace
+
+std::unique_ptr<TovakX> TovakX::create(std::string& reason) {
+  ProjContext context = openProj(reason);
+  if (context == nullptr) return nullptr;
+  return std::unique_ptr<TovakX>(new TovakX(std::move(context)));
+}
+
+TovakX::TovakX(ProjContext context) : context_(std::move(context)) {}
+
+double TovakX::GetVersion() {
+  return kVersion;
+}
+
+std::int16_t TovakX::TovakVert(double& InNorthLat, double& InEastLon, double& Elevation,
+                               const std::string& SourceProjection, double& OutNorthLat, double& OutEastLon,
+                               double& ElevationOut, const std::string& TargetProjection, std::string& OutInfo,
+                               std::string_view LatLongForm) {
+  try {
+    if (SourceProjection != prepared_.sourceText || TargetProjection != prepared_.targetText)
+      prepared_ = prepare(SourceProjection, TargetProjection);
+    if (prepared_.error != Error::none) return static_cast<std::int16_t>(prepared_.error);
+
+    Point point{.northing = InNorthLat, .easting = InEastLon, .elevation = Elevation};
+    const Error error = convertPoint(prepared_.pair, point);
+    if (error != Error::none) return static_cast<std::int16_t>(error);
+
+    OutInfo = LatLongForm == "D" ? prepared_.infoForDecimal : prepared_.info;
+    OutNorthLat = point.northing;
+    OutEastLon = point.easting;
+    ElevationOut = point.elevation;
+    return 0;
+  } catch (const std::exception&) {
+    return static_cast<std::int16_t>(Error::notComputed);
+  }
+}
+
+std::string TovakX::ErrorText(std::int16_t code) {
+  return errorText(code);
+}
+
+std::string TovakX::GetProjectionData(std::int16_t code) {
+  if (code == kAskForProject) return "None Selected";
+  const CoordinateSystem* system = findSystem(code);
+  if (system == nullptr) return {};
+  std::string data(system->name);
+  data += '~';
+  text::appendWhole(data, code);
+  return data;
+}
+
+std::int16_t TovakX::GetProjectionFromText(const std::string& /*text*/, std::string& filled) {
+  filled.clear();
+  return run::kUnknownCounty;
+}
+
+TovakX::Prepared TovakX::prepare(const std::string& sourceText, const std::string& targetText) {
+  Prepared next;
+  next.sourceText = sourceText;
+  next.targetText = targetText;
+  next.error = preparePair(sourceText, targetText, next.pair);
+  if (next.error != Error::none) return next;
+  next.info = resultText(*next.pair.target.system, " (degrees, minutes, seconds)");
+  next.infoForDecimal = resultText(*next.pair.target.system, " (decimal degrees)");
+  return next;
+}
+
+Error TovakX::preparePair(std::string_view sourceText, std::string_view targetText, ConversionPair& pair) {
+  const std::optional<ProjectionText> source = readProjectionText(sourceText);
+  const std::optional<ProjectionText> target = readProjectionText(targetText);
+  if (!source || !target) return Error::unreadableText;
+
+  Error error = prepareSide(*source, Error::unknownSource, pair.source);
+  if (error == Error::none) error = prepareSide(*target, Error::unknownTarget, pair.target);
+  if (error != Error::none) return error;
+
+  if (pair.source.system->datum == pair.target.system->datum) return Error::none;
+  if (!shift_.open(context_.get())) return Error::noGrid;
+  pair.shift = &shift_;
+  return Error::none;
+}
+
+Error TovakX::prepareSide(const ProjectionText& text, Error unknown, Side& side) {
+  side.system = findSystem(text.code);
+  if (side.system == nullptr) return unknown;
+  side.unit = text.unit;
+  if (side.system->kind == SystemKind::latLong) return Error::none;
+  side.projection = projections_.find(context_.get(), *side.system);
+  return side.projection == nullptr ? Error::notComputed : Error::none;
+}
+
+}  // namespace tovak::engine

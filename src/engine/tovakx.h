@@ -1,0 +1,58 @@
+/// The conversion engine on PROJ.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "engine/conversion_pair.h"
+#include "engine/datum_shift.h"
+#include "engine/error.h"
+#include "engine/proj_objects.h"
+#include "engine/projection_text.h"
+#include "engine/projections.h"
+#include "run/conversion_engine.h"
+
+namespace tovak::engine {
+
+/// Knows the systems of the catalogue, in metres and U.S. survey feet, without user-defined projects and counties.
+///
+/// The projection texts are those that `readProjectionText` describes; what a pair of them needs is made ready when the
+/// pair first comes, so points of one pair in a row cost no more than their own computation.
+class TovakX final : public run::ConversionEngine {
+ public:
+  /// Null when PROJ is not in order; then `reason` receives one line that says why.
+  static std::unique_ptr<TovakX> create(std::string& reason);
+
+  double GetVersion() override;
+  std::int16_t TovakVert(double& InNorthLat, double& InEastLon, double& Elevation, const std::string& SourceProjection,
+                         double& OutNorthLat, double& OutEastLon, double& ElevationOut,
+                         const std::string& TargetProjection, std::string& OutInfo,
+                         std::string_view LatLongForm = {}) override;
+  std::string ErrorText(std::int16_t code) override;
+  std::string GetProjectionData(std::int16_t code) override;
+  std::int16_t GetProjectionFromText(const std::string& text, std::string& filled) override;
+
+ private:
+  /// A pair of projection texts and what came of them. That of two empty texts is what it begins with.
+  struct Prepared {
+    std::string sourceText;
+    std::string targetText;
+    Error error = Error::unreadableText;
+    ConversionPair pair;
+    std::string info;            // result text
+    std::string infoForDecimal;  // the same when decimal degrees are asked for
+  };
+
+  explicit TovakX(ProjContext context);
+  Prepared prepare(const std::string& sourceText, const std::string& targetText);
+  Error preparePair(std::string_view sourceText, std::string_view targetText, ConversionPair& pair);
+  Error prepareSide(const ProjectionText& text, Error unknown, Side& side);
+
+  ProjContext context_;  // outlives the objects made in it
+  Projections projections_;
+  DatumShift shift_;
+  Prepared prepared_;
+};
+
+}  // namespace tovak::engine

@@ -1,0 +1,67 @@
+#include "formats/format_tables.h"
+
+#include <array>
+
+#include "formats/delimited/built_in_formats.h"
+#include "formats/delimited/delimited_reader.h"
+#include "formats/delimited/delimited_writer.h"
+#include "run/keyboard_reader.h"
+
+namespace tovak::formats {
+namespace {
+
+using run::SourceFormat;
+using run::SourceKind;
+using run::TargetFormat;
+using run::TargetKind;
+using run::TargetOptions;
+
+constexpr std::array<SourceFormat, 14> kSources = {{
+    {.name = "Keyboard", .kind = SourceKind::Keyboard, .makeReader = run::makeKeyboardReader},
+    {.name = "Comma Delimited File", .makeReader = makeDelimitedReader},
+    {.name = "Vesko 80 Column File"},
+    {.name = "NGS Blue Book File", .packedAngles = true},
+    {.name = "SDMS File", .packedAngles = true},
+    {.name = "Trimble Coords.log File  (Trimble PN)", .packedAngles = true},
+    {.name = "Trimble Coords.log File  (PN in PD)", .packedAngles = true},
+    {.name = "Geopak Print Points File"},
+    {.name = "Geodetics Special", .kind = SourceKind::AgencyRun},
+    {.name = "KRV Batch Input File", .kind = SourceKind::AgencyRun},
+    {.name = "LMO Batch Input File", .kind = SourceKind::AgencyRun},
+    {.name = "Maptech Export File (*.MXF)", .makeReader = makeDelimitedReader, .prepare = prepareMaptechSource},
+    {.name = "WayPoints+ Format (from Garmin)",
+     .makeReader = makeDelimitedReader,
+     .prepare = prepareWayPointsPlusSource},
+    {.name = "Vesko Geodetic Database CSV File"},
+}};
+
+constexpr std::array<TargetFormat, 16> kTargets = {{
+    {.name = "Screen only", .kind = TargetKind::Screen},
+    {.name = "Comma Delimited File", .makeWriter = makeDelimitedWriter},
+    {.name = "Vesko 80 Column File"},
+    {.name = "NGS Blue Book File"},
+    {.name = "SDMS File"},
+    {.name = "Trimble Waypoints File", .options = TargetOptions::TrimbleWaypoints},
+    {.name = "DeLorme Import File", .forcesLatLong = true, .options = TargetOptions::DeLorme},
+    {.name = "Geodimeter Raw Control File"},
+    {.name = "Geodimeter Raw Alignment File"},
+    {.name = "Geodetics Special", .kind = TargetKind::AgencyRun},
+    {.name = "KRV Batch Output File", .kind = TargetKind::AgencyRun},
+    {.name = "LMO Batch Output File", .kind = TargetKind::AgencyRun},
+    {.name = "Maptech Export File (*.MXF)", .forcesLatLong = true, .options = TargetOptions::Maptech},
+    {.name = "WayPoints+ Format (to Garmin)",
+     .makeWriter = makeWayPointsPlusWriter,
+     .prepare = prepareWayPointsPlusTarget,
+     .forcesLatLong = true,
+     .fileNameEnding = ".txt"},
+    {.name = "Geopak XY Input File", .closingLine = "$ END"},
+    {.name = "Geopak NE Input File", .closingLine = "$ END"},
+}};
+
+}  // namespace
+
+run::FormatTables formatTables() {
+  return {.sources = kSources, .targets = kTargets};
+}
+
+}  // namespace tovak::formats

@@ -1,0 +1,114 @@
+#include "run/combination_rules.h"
+
+#include <array>
+
+#include "run/format_index.h"
+#include "run/projection_code.h"
+#include "text/file_identity.h"
+
+namespace tovak::run {
+namespace {
+
+using Settings = RunSettings;
+
+struct CombinationRule {
+  bool (*broken)(const Settings&);
+  Message message;
+};
+
+bool sourceIs(const Settings& s, source::Index format) {
+  return s.sourceFormat == format;
+}
+bool targetIs(const Settings& s, target::Index format) {
+  return s.targetFormat == format;
+}
+
+const std::array<CombinationRule, 15>& rules() {
+  static const std::array<CombinationRule, 15> kRules = {{
+      {[](const Settings& s) {
+         return s.SourceProjectionCode == kUserDefinedProject && s.TargetProjectionCode == kUserDefinedProject;
+       },
+       {"Both Source and Target Map Projections cannot be 'User Defined Project'", "Invalid conversion combination",
+        Icon::None}},
+      {[](const Settings& s) {
+         return s.SourceProjectionCode > kLastProjectionCode || s.TargetProjectionCode > kLastProjectionCode;
+       },
+       {"For LMO or KRV batch calculations only", "Invalid map projection", Icon::None}},
+      {[](const Settings& s) { return sourceIs(s, source::Vesko80Column) && isLatLong(s.SourceProjectionCode); },
+       {"Vesko 80 column format not valid with NAD27 or NAD83 lat/long map projection", "Invalid source combination",
+        Icon::None}},
+      {[](const Settings& s) { return sourceIs(s, source::Vesko80Column) && isUtm(s.SourceProjectionCode); },
+       {"Vesko 80 column format not valid with NAD27 or NAD83 UTM map projection", "Invalid source combination",
+        Icon::Exclamation}},
+      {[](const Settings& s) { return sourceIs(s, source::CoordsLog) && isUtm(s.SourceProjectionCode); },
+       {"Trimble Coords.log format not valid with NAD27 or NAD83 UTM map projection", "Invalid source combination",
+        Icon::Exclamation}},
+      {[](const Settings& s) {
+         return sourceIs(s, source::BlueBook) && isStatePlane(s.SourceProjectionCode) && !s.source.metres;
+       },
+       {"Units must be meters in NGS files containing state plane coordinates", "Invalid source combination",
+        Icon::Exclamation}},
+      {[](const Settings& s) { return sourceIs(s, source::BlueBook) && isCountyOrProject(s.SourceProjectionCode); },
+       {"NGS Blue Book format not valid with a county map projection or project coordinate system",
+        "Invalid source combination", Icon::Exclamation}},
+      {[](const Settings& s) { return sourceIs(s, source::CoordsLog) && isCountyOrProject(s.SourceProjectionCode); },
+       {"Trimble Coords.log format not valid with a county map projection or project coordinate system",
+        "Invalid source combination", Icon::Exclamation}},
+      {[](const Settings& s) { return targetIs(s, target::ScreenOnly) && !s.reportEnabled && s.BatchMode == 0; },
+       {"Reports are Disabled", "Warning", Icon::Exclamation}},
+      {[](const Settings& s) { return targetIs(s, target::Vesko80Column) && isLatLong(s.TargetProjectionCode); },
+       {"Vesko 80 column format not valid with NAD27 or NAD83 lat/long map projection", "Invalid target combination",
+        Icon::Exclamation}},
+      {[](const Settings& s) { return targetIs(s, target::Vesko80Column) && isUtm(s.TargetProjectionCode); },
+       {"Vesko 80 column format not valid with NAD27 or NAD83 UTM map projection", "Invalid target combination",
+        Icon::Exclamation}},
+      {[](const Settings& s) {
+         return targetIs(s, target::BlueBook) && isStatePlane(s.TargetProjectionCode) && !s.target.metres;
+       },
+       {"Units must be meters in NGS Blue Book files containing state plane coordinates.", "Invalid target combination",
+        Icon::None}},
+      {[](const Settings& s) { return targetIs(s, target::BlueBook) && isCountyOrProject(s.TargetProjectionCode); },
+       {"NGS Blue Book format not valid with a county map projection or county coordinate system",
+        "Invalid target combination", Icon::Exclamation}},
+      {filesCollide, collisionMessage()},
+      {[](const Settings& s) { return targetIs(s, target::GeodimeterControl) && isLatLong(s.TargetProjectionCode); },
+       {"Geodimeter Raw format not valid with NAD27 or NAD83 lat/long map projection", "Invalid target combination",
+        Icon::Exclamation}},
+  }};
+  return kRules;
+}
+
+bool oneFile(const std::string& a, const std::string& b) {
+  return a == b || text::sameFile(a, b);
+}
+
+}  // namespace
+
+const Message* firstBrokenRule(const RunSettings& settings) {
+  for (const CombinationRule& rule : rules()) {
+    if (rule.broken(settings)) return &rule.message;
+  }
+  return nullptr;
+}
+
+bool filesCollide(const RunSettings& settings) {
+  const bool fromFile = !sourceIs(settings, source::Keyboard);
+  const bool toFile = !targetIs(settings, target::ScreenOnly);
+  const std::string& report = settings.reportFileName;
+  if (fromFile && toFile && oneFile(settings.source.fileName, settings.target.fileName)) return true;
+  if (!settings.reportEnabled) return false;
+  return (fromFile && oneFile(settings.source.fileName, report)) ||
+         (toFile && oneFile(settings.target.fileName, report));
+}
+
+const Message& collisionMessage() {
+  static const Message kMessage = {"Source file has same name as target file.", "Conflicting file names",
+                                   Icon::Exclamation};
+  return kMessage;
+}
+
+bool crossesDatums(const RunSettings& settings) {
+  return isNad27(settings.SourceProjectionCode) != isNad27(settings.TargetProjectionCode);
+}
+
+}  // namespace tovak::run

@@ -1,0 +1,22 @@
+/// Which selections cannot work together.
+#pragma once
+
+#include "run/message.h"
+#include "run/run_settings.h"
+
+namespace tovak::run {
+
+/// The message of the first rule that the selections break, or null. The rules are tried in a fixed order; uneven icons
+/// and wordings among them, and pairs of formats of which only one is named, are as the program has always had them.
+const Message* firstBrokenRule(const RunSettings& settings);
+
+/// True when source and target (unless keyboard or screen), or the report file and either, are one file.
+bool filesCollide(const RunSettings& settings);
+
+/// The message for files that collide.
+const Message& collisionMessage();
+
+/// True when one side is on NAD27 and the other on NAD83.
+bool crossesDatums(const RunSettings& settings);
+
+}  // namespace tovak::run

@@ -1,0 +1,339 @@
+#include "run/conversion_run.h"
+
+#include <cmath>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "run/combination_rules.h"
+#include "run/default_numbering.h"
+#include "run/format_index.h"
+#include "run/labels.h"
+#include "run/projection_box.h"
+#include "run/projection_code.h"
+#include "run/run_messages.h"
+#include "text/line_reader.h"
+#include "text/line_writer.h"
+#include "text/strings.h"
+
+namespace tovak::run {
+namespace {
+
+/// How many records pass between two reports of progress.
+constexpr std::uint64_t kProgressStep = 4096;
+
+/// The grid keeps the most recent points only: every thousandth starts it afresh.
+class GridRows {
+ public:
+  /// Counts a converted point; true when the grid is to be emptied before its row.
+  bool countPoint() {
+    ++counter_;
+    const bool fresh = counter_ % 1000 == 0;
+    if (fresh) counter_ = 1;
+    return fresh;
+  }
+
+ private:
+  int counter_ = -1;
+};
+
+class ConversionRun {
+ public:
+  ConversionRun(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats, Person& person)
+      : settings_(settings),
+        engine_(engine),
+        person_(person),
+        source_(formats.sources[static_cast<std::size_t>(settings.sourceFormat)]),
+        target_(formats.targets[static_cast<std::size_t>(settings.targetFormat)]) {}
+
+  RunResult execute();
+
+ private:
+  // Each step returns false when it has stopped the run.
+  bool checkGeodeticCsvChoice();
+  bool leaveForAgencyRun();
+  void prepareFormats();
+  bool checkCombination();
+  bool confirmWarnings();
+  bool takeProjectionTexts();
+  bool completeTargetName();
+  bool openSource();
+  bool openTarget();
+  bool convertPoints();
+  bool finish();
+
+  bool prepare();
+  std::string targetSystem();
+  bool interpretAngles(PointRecord& point);
+  bool convertPoint(PointRecord& point);
+  bool writePoint(const PointRecord& point);
+  void skip(const PointRecord& point, Tally& tally, const std::string& reason);
+  bool endOfSource();
+  bool stopKeepingPoints(const Message& message);
+  bool stopForTarget() { return stop(systemMessage(targetLines_.error())); }
+
+  bool interactive() const { return settings_.BatchMode == 0; }
+  bool writesFile() const { return target_.kind == TargetKind::File; }
+  void report(const Message& message);
+  bool stop(const Message& message);
+
+  RunSettings& settings_;
+  ConversionEngine& engine_;
+  Person& person_;
+  const SourceFormat& source_;
+  const TargetFormat& target_;
+
+  RunResult result_;
+  Message readerMessage_;
+  text::LineReader sourceLines_;
+  text::LineWriter targetLines_;
+  std::unique_ptr<PointReader> reader_;
+  std::unique_ptr<PointWriter> writer_;
+  GridRows gridRows_;
+};
+
+RunResult ConversionRun::execute() {
+  // Formats chosen in the editor come back after a run that put built-in ones in their place.
+  const DelimitedFormat chosenSource = settings_.sourceDelimited;
+  const DelimitedFormat chosenTarget = settings_.targetDelimited;
+  result_.outcome = RunOutcome::Finished;
+  const bool finished = prepare() && convertPoints() && finish();
+  if (!finished) result_.outcome = RunOutcome::Stopped;
+  settings_.sourceDelimited = chosenSource;
+  settings_.targetDelimited = chosenTarget;
+  return std::move(result_);
+}
+
+bool ConversionRun::prepare() {
+  if (!checkGeodeticCsvChoice() || !leaveForAgencyRun()) return false;
+  prepareFormats();
+  return checkCombination() && confirmWarnings() && takeProjectionTexts() && completeTargetName() && openSource() &&
+         openTarget();
+}
+
+void ConversionRun::report(const Message& message) {
+  result_.MessageText = message.text;
+  if (settings_.BatchMode == 1 && person_.leaveBatchMode()) settings_.BatchMode = 0;
+  if (interactive()) person_.show(message);
+}
+
+bool ConversionRun::stop(const Message& message) {
+  report(message);
+  return false;
+}
+
+bool ConversionRun::checkGeodeticCsvChoice() {
+  if (settings_.sourceFormat != source::GeodeticCsv) return true;
+  const GeodeticCsvChoice& choice = settings_.geodeticCsv;
+  if (!choice.horizontalChosen) return stop(messages::horizontalReferenceMissing());
+  if (choice.zonesOffered && choice.zoneSuffix.empty()) return stop(messages::countyZoneMissing());
+  settings_.source.metres = false;
+  settings_.source.projectionText = projectionText(settings_.SourceProjectionCode, false);
+  settings_.latLongForm = text::AngleForm::DegreesMinutesSeconds;
+  return true;
+}
+
+/// Agency exports drive the engine themselves and never meet the combination rules, but for one: no export may read
+/// the file it writes.
+bool ConversionRun::leaveForAgencyRun() {
+  if (source_.kind != SourceKind::AgencyRun) return true;
+  return stop(filesCollide(settings_) ? collisionMessage() : messages::formatNotAvailable());
+}
+
+void ConversionRun::prepareFormats() {
+  if (!interactive()) {
+    for (DelimitedFormat* format : {&settings_.sourceDelimited, &settings_.targetDelimited}) {
+      format->fieldCodes = kStandardFieldCodes;
+      format->delimiter = ',';
+    }
+  }
+  if (source_.prepare != nullptr) source_.prepare(settings_);
+  if (target_.prepare != nullptr) target_.prepare(settings_);
+}
+
+bool ConversionRun::checkCombination() {
+  if (const Message* const broken = firstBrokenRule(settings_)) return stop(*broken);
+  const bool writable = target_.kind == TargetKind::Screen || target_.makeWriter != nullptr;
+  if (source_.makeReader == nullptr || !writable) return stop(messages::formatNotAvailable());
+  return true;
+}
+
+bool ConversionRun::confirmWarnings() {
+  if (!interactive()) return true;
+  if (settings_.targetFormat == target::TrimbleWaypoints && isLatLong(settings_.TargetProjectionCode) &&
+      !person_.confirm(messages::waypointsInLatLong())) {
+    return false;
+  }
+  if (crossesDatums(settings_)) person_.show(messages::crossingDatums());
+  return true;
+}
+
+/// Takes name and text of a user-defined project from the engine; false when it knows of none.
+bool takeUserDefinedProject(ConversionEngine& engine, SideSettings& side) {
+  const std::string data = engine.GetProjectionData(-kUserDefinedProject);
+  const std::size_t separator = data.find('~');
+  side.displayName = data.substr(0, separator);
+  side.projectionText = separator == std::string::npos ? std::string() : data.substr(separator + 1);
+  return data.find("None Selected") == std::string::npos;
+}
+
+bool ConversionRun::takeProjectionTexts() {
+  settings_.source.displayName.clear();
+  settings_.target.displayName.clear();
+  if (settings_.SourceProjectionCode == kUserDefinedProject && !takeUserDefinedProject(engine_, settings_.source)) {
+    return false;
+  }
+  // A target project that is not set up goes to the engine as it is, and the engine refuses its points.
+  if (settings_.TargetProjectionCode == kUserDefinedProject) takeUserDefinedProject(engine_, settings_.target);
+  return true;
+}
+
+bool ConversionRun::completeTargetName() {
+  std::string& name = settings_.target.fileName;
+  if (!text::endsWithIgnoringCase(name, target_.fileNameEnding)) {
+    if (interactive() && !person_.confirm(messages::changeFileName())) return false;
+    name += target_.fileNameEnding;
+    if (filesCollide(settings_)) return stop(collisionMessage());
+  }
+  if (!interactive() || target_.options == TargetOptions::None) return true;
+  return person_.chooseTargetOptions(target_.options);
+}
+
+bool ConversionRun::openSource() {
+  if (source_.kind == SourceKind::File && !sourceLines_.open(settings_.source.fileName)) {
+    return stop(systemMessage(sourceLines_.error()));
+  }
+  reader_ = source_.makeReader({.lines = sourceLines_,
+                                .settings = settings_,
+                                .counts = result_.counts,
+                                .person = person_,
+                                .message = readerMessage_,
+                                .otherLines = target_.takesOtherLines ? &targetLines_ : nullptr});
+  if (reader_->check()) return true;
+  const bool faulty = sourceLines_.fault() != text::LineReader::Fault::None;
+  return stop(faulty ? systemMessage(sourceLines_.error()) : readerMessage_);
+}
+
+std::string ConversionRun::targetSystem() {
+  const std::string data = engine_.GetProjectionData(settings_.TargetProjectionCode);
+  return data.empty() ? settings_.target.projectionText : data.substr(0, data.find('~'));
+}
+
+bool ConversionRun::openTarget() {
+  if (!writesFile()) return true;
+  if (!targetLines_.open(settings_.target.fileName)) return stopForTarget();
+  writer_ = target_.makeWriter({.lines = targetLines_, .settings = settings_, .targetSystem = targetSystem()});
+  if (targetLines_.writeLine(identificationLine(settings_)) && writer_->begin()) return true;
+  return stopForTarget();
+}
+
+bool ConversionRun::convertPoints() {
+  PointRecord point;
+  for (std::uint64_t turn = 1;; ++turn) {
+    resetPoint(point);
+    switch (reader_->read(point)) {
+      case ReadState::Point:
+        if (!convertPoint(point)) return false;
+        break;
+      case ReadState::End:
+        return endOfSource();
+      case ReadState::EndedEarly:
+        result_.outcome = RunOutcome::EndedEarly;
+        report(readerMessage_);
+        return true;
+      case ReadState::Stopped:
+        return stopKeepingPoints(readerMessage_);
+    }
+    if (turn % kProgressStep == 0) person_.progress(recordsRead(result_.counts));
+  }
+}
+
+bool ConversionRun::endOfSource() {
+  switch (sourceLines_.fault()) {
+    case text::LineReader::Fault::None:
+      return true;
+    case text::LineReader::Fault::System:
+      return stop(systemMessage(sourceLines_.error()));
+    case text::LineReader::Fault::LineTooLong:
+      return stopKeepingPoints(systemMessage(sourceLines_.error()));
+  }
+  return true;
+}
+
+bool ConversionRun::stopKeepingPoints(const Message& message) {
+  if (writesFile() && !(writer_->end() && targetLines_.commit())) return stopForTarget();
+  return stop(message);
+}
+
+/// False only when the run has to stop: a point that is refused is skipped.
+bool ConversionRun::convertPoint(PointRecord& point) {
+  if (!settings_.allowBlankPointNumbers && point.pointNumber.empty()) {
+    takeDefaultNumber(settings_, point.pointNumber);
+  }
+  if (isLatLong(settings_.SourceProjectionCode) && !interpretAngles(point)) {
+    skip(point, result_.counts.refusedAngle, messages::noAngle());
+    return true;
+  }
+  const std::string_view form = settings_.latLongForm == text::AngleForm::DecimalDegrees ? "D" : "S";
+  const std::int16_t ErrorCode = engine_.TovakVert(
+      point.InNorthLat, point.InEastLon, point.Elevation, settings_.source.projectionText, point.OutNorthLat,
+      point.OutEastLon, point.Elevation, settings_.target.projectionText, point.OutInfo, form);
+  if (ErrorCode >= 1) {
+    skip(point, result_.counts.refusedByEngine, engine_.ErrorText(ErrorCode));
+    return true;
+  }
+  return writePoint(point);
+}
+
+/// Brings latitude and longitude to decimal degrees, the longitude west whatever its sign in the source.
+bool ConversionRun::interpretAngles(PointRecord& point) {
+  const text::AngleForm form = source_.packedAngles ? text::AngleForm::DegreesMinutesSeconds : settings_.latLongForm;
+  const std::optional<double> latitude = text::interpretAngle(point.InNorthLat, form);
+  const std::optional<double> longitude = text::interpretAngle(point.InEastLon, form);
+  if (!latitude || !longitude) return false;
+  point.InNorthLat = *latitude;
+  point.InEastLon = -std::fabs(*longitude);
+  return true;
+}
+
+void ConversionRun::skip(const PointRecord& point, Tally& tally, const std::string& reason) {
+  countSkipped(result_.counts, tally, point.sourceLine, reason);
+  if (interactive()) person_.show({.text = reason, .title = "TovakX Conversion Error", .icon = Icon::None});
+}
+
+bool ConversionRun::writePoint(const PointRecord& point) {
+  if (writesFile() && !writer_->write(point)) return stopForTarget();
+  ++result_.counts.converted;
+  const bool intoGrid = target_.kind == TargetKind::Screen || settings_.reportEnabled;
+  if (intoGrid) person_.showRow(point, gridRows_.countPoint());
+  return true;
+}
+
+bool ConversionRun::finish() {
+  if (writesFile()) {
+    if (!writer_->end()) return stopForTarget();
+    if (!target_.closingLine.empty() && !targetLines_.writeLine(target_.closingLine)) return stopForTarget();
+    if (!targetLines_.commit()) return stopForTarget();
+  }
+  if (!interactive()) return true;
+  if (!settings_.reportEnabled) {
+    person_.show(messages::finished());
+  } else if (source_.kind == SourceKind::File) {
+    person_.showGrid();
+  }
+  return true;
+}
+
+}  // namespace
+
+RunResult convert(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats, Person& person) {
+  return ConversionRun(settings, engine, formats, person).execute();
+}
+
+Message systemMessage(const std::string& error) {
+  return {.text = error, .title = "File Error", .icon = Icon::Exclamation};
+}
+
+}  // namespace tovak::run

@@ -1,0 +1,20 @@
+/// A message to the person.
+#pragma once
+
+#include <string>
+
+namespace tovak::run {
+
+enum class Icon { None, Exclamation, Information, Question };
+
+struct Message {
+  std::string text = {};  ///< lines joined by "\n"
+  std::string title = {};
+  Icon icon = Icon::None;
+  /// The name of the control that gets the focus afterwards, empty for none.
+  std::string focus = {};
+
+  bool operator==(const Message&) const = default;
+};
+
+}  // namespace tovak::run

@@ -1,0 +1,23 @@
+/// The text of a projection box and the unit buttons beside it, which always agree.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tovak::run {
+
+struct ProjectionBox {
+  std::int16_t code = 0;
+  bool metres = false;
+};
+
+/// What the box shows and the engine receives: the code, and "M" for metres; for latitude and longitude too, where the
+/// mark declares the unit of the elevation.
+std::string projectionText(std::int16_t code, bool metres);
+
+/// The box after its text was changed by hand. The code is the whole number nearest to the text's leading number. An
+/// "M" (either case) chooses metres; deleting only the "M" chooses feet; another number without one keeps the unit.
+ProjectionBox typeProjection(const ProjectionBox& before, std::string_view text);
+
+}  // namespace tovak::run

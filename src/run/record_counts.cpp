@@ -1,0 +1,29 @@
+#include "run/record_counts.h"
+
+namespace tovak::run {
+
+void addTo(Tally& tally, std::uint64_t line) {
+  if (tally.count++ == 0) tally.firstLine = line;
+}
+
+std::uint64_t recordsRead(const RecordCounts& counts) {
+  return counts.converted + recordsSkipped(counts) + recordsPassedOver(counts);
+}
+
+std::uint64_t recordsSkipped(const RecordCounts& counts) {
+  return counts.refusedByEngine.count + counts.refusedAngle.count;
+}
+
+std::uint64_t recordsPassedOver(const RecordCounts& counts) {
+  return counts.withoutDelimiter.count + counts.zeroCoordinate.count + counts.comment.count;
+}
+
+void countSkipped(RecordCounts& counts, Tally& tally, std::uint64_t line, const std::string& reason) {
+  if (recordsSkipped(counts) == 0) {
+    counts.firstSkippedLine = line;
+    counts.firstSkipReason = reason;
+  }
+  addTo(tally, line);
+}
+
+}  // namespace tovak::run

@@ -1,0 +1,40 @@
+/// The account of a run: what became of every record of the source.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tovak::run {
+
+/// How many records met one fate, and the line of the first.
+struct Tally {
+  std::uint64_t count = 0;
+  std::uint64_t firstLine = 0;
+};
+
+void addTo(Tally& tally, std::uint64_t line);
+
+struct RecordCounts {
+  std::uint64_t converted = 0;
+
+  Tally refusedByEngine;
+  Tally refusedAngle;  ///< a latitude or longitude that is no angle
+  std::uint64_t firstSkippedLine = 0;
+  std::string firstSkipReason;
+
+  Tally withoutDelimiter;
+  Tally zeroCoordinate;
+  Tally comment;
+};
+
+/// Converted, skipped and passed over together.
+std::uint64_t recordsRead(const RecordCounts& counts);
+/// Points that were refused, by the engine or for an angle.
+std::uint64_t recordsSkipped(const RecordCounts& counts);
+/// Lines that are no points.
+std::uint64_t recordsPassedOver(const RecordCounts& counts);
+
+/// Counts a refused point under `tally`, and keeps line and reason of the first.
+void countSkipped(RecordCounts& counts, Tally& tally, std::uint64_t line, const std::string& reason);
+
+}  // namespace tovak::run

@@ -1,0 +1,50 @@
+#include "run/run_messages.h"
+
+namespace tovak::run::messages {
+
+Message horizontalReferenceMissing() {
+  return {"You must select a horizontal reference option.", "CSV Input Error", Icon::Exclamation, "lstHorizontal"};
+}
+
+Message countyZoneMissing() {
+  return {"You must select a county zone.", "CSV Input Error", Icon::Exclamation, "lstCsvZone"};
+}
+
+Message formatNotAvailable() {
+  return {"This format is not available yet.", "Tovak", Icon::Exclamation};
+}
+
+Message waypointsInLatLong() {
+  return {
+      "Trimble documentation indicates that latitude and longitude are not valid\n"
+      "options for waypoint import files.  This may have changed in later versions.\n"
+      "Do you want to continue?",
+      "Warning", Icon::None};
+}
+
+Message crossingDatums() {
+  return {
+      "You are converting between the 1927 and 1983 North American Datums,\n"
+      "  and the conversion will not retain survey level accuracy.\n"
+      "Results are based on the NADCON method of interpolation, which\n"
+      "  introduces about 0.15 m of uncertainty at the 67% confidence level.",
+      "Warning", Icon::Information};
+}
+
+Message changeFileName() {
+  return {
+      "Waypoints+ requires a .TXT extension on its input files.\n"
+      "Tovak will add .TXT to the specified output file name.\n"
+      "Do you want to accept the modification and proceed?  ",
+      "Change File Name?", Icon::Question};
+}
+
+Message finished() {
+  return {"Output File Written", "Finished", Icon::Information};
+}
+
+std::string noAngle() {
+  return "The minutes or seconds of a latitude or longitude are not below 60.";
+}
+
+}  // namespace tovak::run::messages

@@ -1,0 +1,22 @@
+/// The messages and questions of a run itself. Those of the combination rules stand beside their conditions, those of a
+/// file format in its reader.
+#pragma once
+
+#include <string>
+
+#include "run/message.h"
+
+namespace tovak::run::messages {
+
+Message horizontalReferenceMissing();
+Message countyZoneMissing();
+Message formatNotAvailable();
+Message waypointsInLatLong();
+Message crossingDatums();
+Message changeFileName();
+Message finished();
+
+/// The reason why a point is skipped whose latitude or longitude cannot be interpreted.
+std::string noAngle();
+
+}  // namespace tovak::run::messages

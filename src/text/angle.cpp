@@ -1,0 +1,108 @@
+#include "text/angle.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "text/number.h"
+
+namespace tovak::text {
+namespace {
+
+constexpr std::int64_t kUnitsPerSecond = 100000;
+constexpr std::int64_t kUnitsPerMinute = 60 * kUnitsPerSecond;
+constexpr std::int64_t kUnitsPerDegree = 60 * kUnitsPerMinute;
+
+/// Below this magnitude a packed angle has its point behind the degrees.
+constexpr double kSmallestPackedSeconds = 1000.0;
+
+void appendPadded(std::string& out, std::int64_t value, int width) {
+  std::array<char, 8> digits;
+  for (int i = width - 1; i >= 0; --i) {
+    digits[static_cast<std::size_t>(i)] = static_cast<char>('0' + value % 10);
+    value /= 10;
+  }
+  out.append(digits.data(), static_cast<std::size_t>(width));
+}
+
+/// DD.MMSSsss as DDMMSS.sss. Rounded to 1e-9 second, since 45.12 is a hair less in binary and would otherwise read as
+/// 11 minutes and 99.99... seconds.
+double packedSecondsOf(double degreesFirst) {
+  return roundHalfEven(degreesFirst * 1e13) / 1e9;
+}
+
+std::optional<double> fromPackedSeconds(double packed) {
+  const double degrees = std::floor(packed / 10000.0);
+  const double belowDegrees = packed - degrees * 10000.0;
+  const double minutes = std::floor(belowDegrees / 100.0);
+  const double seconds = belowDegrees - minutes * 100.0;
+  if (minutes >= 60.0 || seconds >= 60.0) return std::nullopt;
+  return degrees + minutes / 60.0 + seconds / 3600.0;
+}
+
+std::optional<double> fromPackedMinutes(double packed) {
+  const double degrees = std::floor(packed / 100.0);
+  const double minutes = packed - degrees * 100.0;
+  if (minutes >= 60.0) return std::nullopt;
+  return degrees + minutes / 60.0;
+}
+
+std::optional<double> fromMagnitude(double magnitude, AngleForm form) {
+  switch (form) {
+    case AngleForm::DecimalDegrees:
+      return magnitude;
+    case AngleForm::DegreesDecimalMinutes:
+      return fromPackedMinutes(magnitude);
+    case AngleForm::DegreesMinutesSeconds:
+      return fromPackedSeconds(magnitude < kSmallestPackedSeconds ? packedSecondsOf(magnitude) : magnitude);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<double> interpretAngle(double value, AngleForm form) {
+  if (!std::isfinite(value)) return std::nullopt;
+  const std::optional<double> magnitude = fromMagnitude(std::fabs(value), form);
+  if (!magnitude) return std::nullopt;
+  return std::copysign(*magnitude, value);
+}
+
+SplitAngle splitAngle(double decimalDegrees) {
+  constexpr double kLargestDegrees = 1e9;  // keeps what is no angle at all inside the whole numbers
+  const double magnitude = std::min(std::fabs(decimalDegrees), kLargestDegrees);
+  std::int64_t units = std::llrint(magnitude * static_cast<double>(kUnitsPerDegree));
+  SplitAngle angle;
+  angle.negative = decimalDegrees < 0 && units != 0;
+  angle.degrees = units / kUnitsPerDegree;
+  units %= kUnitsPerDegree;
+  angle.minutes = static_cast<int>(units / kUnitsPerMinute);
+  angle.hundredThousandths = static_cast<int>(units % kUnitsPerMinute);
+  return angle;
+}
+
+void appendDegrees(std::string& out, const SplitAngle& angle) {
+  if (angle.negative) out += '-';
+  if (angle.degrees < 10) out += '0';
+  appendWhole(out, angle.degrees);
+}
+
+void appendMinutes(std::string& out, const SplitAngle& angle) {
+  appendPadded(out, angle.minutes, 2);
+}
+
+void appendWholeSeconds(std::string& out, const SplitAngle& angle) {
+  appendPadded(out, angle.hundredThousandths / kUnitsPerSecond, 2);
+}
+
+void appendSecondsFraction(std::string& out, const SplitAngle& angle) {
+  appendPadded(out, angle.hundredThousandths % kUnitsPerSecond, 5);
+}
+
+void appendSeconds(std::string& out, const SplitAngle& angle) {
+  appendWholeSeconds(out, angle);
+  out += '.';
+  appendSecondsFraction(out, angle);
+}
+
+}  // namespace tovak::text

@@ -1,0 +1,67 @@
+#include "text/fixed_columns.h"
+
+#include <algorithm>
+
+#include "text/number.h"
+#include "text/strings.h"
+
+namespace tovak::text {
+
+std::string_view columns(std::string_view line, std::size_t first, std::size_t last) {
+  return columnsFrom(line, first).substr(0, last + 1 - first);
+}
+
+std::string_view columnsFrom(std::string_view line, std::size_t first) {
+  return line.substr(std::min(first - 1, line.size()));
+}
+
+char columnAt(std::string_view line, std::size_t column) {
+  return column <= line.size() ? line[column - 1] : ' ';
+}
+
+bool isBlank(std::string_view line, std::size_t first, std::size_t last) {
+  return trimBlanks(columns(line, first, last)).empty();
+}
+
+void ColumnLine::advanceTo(std::size_t column) {
+  if (line_.size() >= column) end();
+  line_.append(column - 1 - line_.size(), ' ');
+}
+
+bool ColumnLine::end() {
+  written_ = lines_.writeLine(line_) && written_;
+  line_.clear();
+  return written_;
+}
+
+void appendMasked(std::string& out, double value, int decimals) {
+  const std::size_t start = out.size();
+  appendFixed(out, value, decimals);
+  if (decimals == 0) out += '.';
+  const std::size_t firstDigit = start + (out[start] == '-' ? 1 : 0);
+  if (out[firstDigit] == '0' && out[firstDigit + 1] == '.') out.erase(firstDigit, 1);
+}
+
+void appendPointAt(std::string& out, std::string_view text, std::size_t position) {
+  const std::size_t before = std::min(text.find('.'), text.size()) + 1;
+  if (before < position) out.append(position - before, ' ');
+  out += text;
+}
+
+void appendRightAligned(std::string& out, std::string_view text, std::size_t width) {
+  if (text.size() < width) out.append(width - text.size(), ' ');
+  out += text;
+}
+
+void appendFourDigits(std::string& out, std::string_view pointNumber) {
+  constexpr std::size_t kWidth = 4;
+  if (pointNumber.size() >= kWidth) {
+    out += pointNumber.substr(pointNumber.size() - kWidth);
+    return;
+  }
+  // Three zeros at most are put in front.
+  out.append(std::min<std::size_t>(kWidth - pointNumber.size(), 3), '0');
+  out += pointNumber;
+}
+
+}  // namespace tovak::text

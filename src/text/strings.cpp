@@ -1,0 +1,46 @@
+#include "text/strings.h"
+
+#include <algorithm>
+
+namespace tovak::text {
+namespace {
+
+bool sameLetter(char a, char b) {
+  return upperCase(a) == upperCase(b);
+}
+
+}  // namespace
+
+std::string_view trimBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string_view withoutBlanks(std::string_view text, std::string& scratch) {
+  text = trimBlanks(text);
+  if (text.find(' ') == std::string_view::npos) return text;
+  scratch.clear();
+  std::copy_if(text.begin(), text.end(), std::back_inserter(scratch), [](char c) { return c != ' '; });
+  return scratch;
+}
+
+bool equalsIgnoringCase(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), sameLetter);
+}
+
+bool endsWithIgnoringCase(std::string_view text, std::string_view ending) {
+  return text.size() >= ending.size() && equalsIgnoringCase(text.substr(text.size() - ending.size()), ending);
+}
+
+std::size_t findIgnoringCase(std::string_view text, std::string_view part) {
+  const auto found = std::search(text.begin(), text.end(), part.begin(), part.end(), sameLetter);
+  if (found == text.end() && !part.empty()) return std::string_view::npos;
+  return static_cast<std::size_t>(found - text.begin());
+}
+
+char upperCase(char letter) {
+  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+}  // namespace tovak::text
