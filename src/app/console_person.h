@@ -16,6 +16,8 @@ class ConsolePerson final : public run::Person {
  public:
   /// `showProgress`: keep a line on the terminal that counts the records.
   ConsolePerson(std::ostream& err, bool showProgress) : err_(err), showProgress_(showProgress) {}
+  ConsolePerson(const ConsolePerson&) = delete;
+  ConsolePerson& operator=(const ConsolePerson&) = delete;
   ~ConsolePerson() override;
 
   void show(const run::Message& message) override;

@@ -25,6 +25,6 @@ struct Surroundings {
 };
 
 /// Carries out one command line (see `joinArguments`).
-ExitStatus runProgram(const std::string& commandLine, const Surroundings& surroundings);
+ExitStatus runProgram(const std::string& commandLine, const Surroundings& io);
 
 }  // namespace tovak::app

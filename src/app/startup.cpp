@@ -28,9 +28,9 @@ void prepareDataFolder(const fs::path& dataFolder) {
   fs::create_directories(dataFolder, ignored);
   const fs::path definitions = dataFolder / kDefinitionsName;
   const char* const programs = std::getenv("ProgramFiles");
-  if (programs == nullptr || fs::exists(definitions, ignored)) return;
+  if (programs == nullptr) return;
   const fs::path installed = fs::path(programs) / "Tovak" / kDefinitionsName;
-  if (fs::exists(installed, ignored)) fs::copy_file(installed, definitions, ignored);
+  fs::copy_file(installed, definitions, ignored);  // never over an existing file
 }
 
 formats::DefinitionsResult loadFormats(const fs::path& dataFolder) {

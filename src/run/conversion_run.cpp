@@ -66,7 +66,7 @@ class ConversionRun {
 
   bool prepare();
   std::string targetSystem();
-  bool interpretAngles(PointRecord& point);
+  bool interpretAngles(PointRecord& point) const;
   bool convertPoint(PointRecord& point);
   bool writePoint(const PointRecord& point);
   void skip(const PointRecord& point, Tally& tally, const std::string& reason);
@@ -288,7 +288,7 @@ bool ConversionRun::convertPoint(PointRecord& point) {
 }
 
 /// Brings latitude and longitude to decimal degrees, the longitude west whatever its sign in the source.
-bool ConversionRun::interpretAngles(PointRecord& point) {
+bool ConversionRun::interpretAngles(PointRecord& point) const {
   const text::AngleForm form = source_.packedAngles ? text::AngleForm::DegreesMinutesSeconds : settings_.latLongForm;
   const std::optional<double> latitude = text::interpretAngle(point.InNorthLat, form);
   const std::optional<double> longitude = text::interpretAngle(point.InEastLon, form);

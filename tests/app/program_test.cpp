@@ -105,6 +105,12 @@ TEST_F(Program, KeepsTheOldTargetUnlessTheRunReachesIt) {
   EXPECT_EQ(contentsOf(folder.file("in.csv")), "1,2\n");
 }
 
+TEST_F(Program, WritesNoReportInABatchRun) {
+  EXPECT_EQ(convert("45.5,-93.5,A\n", "-Q -R" + target() + kFeetToSouth), kFinished) << err.str();
+  EXPECT_EQ(convert("45.5,-93.5,A\n", "-Q -R" + folder.file("my.rpt") + kFeetToSouth), kFinished);
+  EXPECT_EQ(contentsOf(folder.file("my.rpt")), "(no file)");
+}
+
 TEST_F(Program, WritesToADeviceThatIsFullUntilItSaysSo) {
   EXPECT_EQ(run(folder.write("in.csv", "45.5,-93.5,A\n") + " /dev/full -B" + kFeetToSouth), kStoppedByMessage);
   EXPECT_EQ(err.str().find("Batch Mode Error: /dev/full: No space left on device\n"), 0U);

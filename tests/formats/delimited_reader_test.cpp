@@ -145,12 +145,13 @@ TEST(DelimitedReader, PassesOverAndCountsWhatIsNoPoint) {
 }
 
 TEST(DelimitedReader, LeavesNothingOfOnePointInTheNext) {
-  Reading reading("1,2,A,5.5,rest\n0,2,B,6.25,old\n3,4\n", layout(" 0~ 1~ 2~ 4~ 7~"));
+  Reading reading("1,2,A,5.5,c,rest\n0,2,B,6.25,d,old\n3,4\n", layout(" 0~ 1~ 2~ 4~ 24~ 7~"));
   ASSERT_TRUE(reading.next());
   ASSERT_TRUE(reading.next());
   EXPECT_EQ(reading.point.description, "");
   EXPECT_EQ(reading.point.Elevation, 0.0);
   EXPECT_EQ(reading.point.elevationDecimals, 0);
+  EXPECT_EQ(reading.point.comment, "");
   EXPECT_EQ(reading.point.anythingElse, "");
 }
 

@@ -57,7 +57,6 @@ class DelimitedReader final : public run::PointReader {
 
   void takeFields(run::PointRecord& point, std::string_view rest, std::size_t fieldEnd) {
     char delimiter = delimiter_;
-    bool maySwitch = geopakComment_;
     for (const std::int16_t code : codes_) {
       if (code == kFieldAnythingElse) {
         point.anythingElse = rest;
@@ -66,8 +65,7 @@ class DelimitedReader final : public run::PointReader {
       store(point, code, rest.substr(0, fieldEnd));
       rest.remove_prefix(std::min(fieldEnd + 1, rest.size()));
       fieldEnd = rest.find(delimiter);
-      if (fieldEnd == std::string_view::npos && maySwitch) {
-        maySwitch = false;
+      if (fieldEnd == std::string_view::npos && geopakComment_) {
         delimiter = kGeopakDelimiter;
         fieldEnd = rest.find(delimiter);
       }
