@@ -6,8 +6,10 @@ build_packages=(g++ cmake ninja-build libproj-dev)
 # The packages of the list that are not installed, one a line.
 missing_packages() {
   local installed
-  installed=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null | sed -n 's/ installed$//p')
-  printf '%s\n' "$@" | grep -vxF -e "$installed"
+  # A package it has never heard of makes dpkg-query fail; that package is simply not installed.
+  installed=$({ dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null || true; } |
+    sed -n 's/ installed$//p')
+  printf '%s\n' "$@" | grep -vxF -e "$installed" || true
 }
 
 # Installs what is missing of the packages. Fails with their names where it cannot. On a system without dpkg it lets
