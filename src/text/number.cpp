@@ -31,6 +31,7 @@ std::size_t endOfDecimal(std::string_view text, std::size_t at) {
 }
 
 void appendAsItIs(std::string& out, double value, int decimals) {
+  if (!std::isfinite(value)) return;
   std::array<char, std::numeric_limits<double>::max_exponent10 + 16> digits;
   const auto [end, error] =
       std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, decimals);

@@ -39,7 +39,7 @@ inline constexpr int kWholeUnits = 3;
 
 /// Appends `value` with exactly `decimals` decimals (0 to 9), rounded half to even on the scaled value. Zero never
 /// carries a sign. A value whose scaled magnitude is 2^53 or more is no longer distinguishable at that precision and is
-/// printed as it is.
+/// printed as it is; one that is not finite, such as the value of the text "1e999", is no number and prints as nothing.
 void appendFixed(std::string& out, double value, int decimals);
 
 /// Appends `value` in the precision of `code`: 0, 1, 2 give three, two, one decimals; 3, 4, 5 give whole units, tens,

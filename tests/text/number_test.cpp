@@ -103,6 +103,8 @@ TEST(FormatPrecision, RoundsAndPrints) {
       {9007199254740993.0, 0, "9007199254740992.000"},
       {1e22, 3, "10000000000000000000000"},
       {-1e22, 1, "-10000000000000000000000.00"},
+      {kInfinity, 0, ""},
+      {-std::nan(""), 5, ""},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.value << " with code " << c.code);
