@@ -44,6 +44,8 @@ For example, latitudes and longitudes in decimal degrees to state plane South in
 The help switch is found anywhere in the line, even inside a file name: a command line with "my-house.csv" shows this
 page and converts nothing.
 
+An SDMS file that Tovak writes holds no descriptions and no comments of points.
+
 Exit status: 0 finished; 1 stopped by a message; 2 command line problems; 3 finished, but not everything was converted.
 )";
 

@@ -37,8 +37,8 @@ Error toGeographic(const Side& side, const Point& point, Geographic& geographic)
     geographic = {.latitude = point.northing * kRadiansPerDegree, .longitude = point.easting * kRadiansPerDegree};
     return checkArea(geographic);
   }
-  const PlanePoint plane = {.northing = convertLength(point.northing, side.unit, LengthUnit::metres),
-                            .easting = convertLength(point.easting, side.unit, LengthUnit::metres)};
+  const PlanePoint plane = {.northing = run::convertLength(point.northing, side.unit, run::LengthUnit::metres),
+                            .easting = run::convertLength(point.easting, side.unit, run::LengthUnit::metres)};
   if (const Error error = checkReach(plane); error != Error::none) return error;
   geographic = unproject(side.projection, plane);
   return isFinite(geographic) ? checkArea(geographic) : takeError(side.projection);
@@ -59,15 +59,15 @@ Error fromGeographic(const Side& side, const Geographic& geographic, Point& poin
   }
   const PlanePoint plane = project(side.projection, geographic);
   if (!isFinite(plane)) return takeError(side.projection);
-  point.northing = convertLength(plane.northing, LengthUnit::metres, side.unit);
-  point.easting = convertLength(plane.easting, LengthUnit::metres, side.unit);
+  point.northing = run::convertLength(plane.northing, run::LengthUnit::metres, side.unit);
+  point.easting = run::convertLength(plane.easting, run::LengthUnit::metres, side.unit);
   return Error::none;
 }
 
 void changeUnit(const ConversionPair& pair, Point& point) {
   if (pair.source.projection == nullptr) return;
-  point.northing = convertLength(point.northing, pair.source.unit, pair.target.unit);
-  point.easting = convertLength(point.easting, pair.source.unit, pair.target.unit);
+  point.northing = run::convertLength(point.northing, pair.source.unit, pair.target.unit);
+  point.easting = run::convertLength(point.easting, pair.source.unit, pair.target.unit);
 }
 
 }  // namespace
@@ -86,7 +86,7 @@ Error convertPoint(const ConversionPair& pair, Point& point) {
     if (error == Error::none) error = fromGeographic(pair.target, geographic, point);
     if (error != Error::none) return error;
   }
-  point.elevation = convertLength(point.elevation, pair.source.unit, pair.target.unit);
+  point.elevation = run::convertLength(point.elevation, pair.source.unit, pair.target.unit);
   return isFinite(point) ? Error::none : Error::notComputed;
 }
 

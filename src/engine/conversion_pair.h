@@ -3,8 +3,8 @@
 
 #include "engine/catalogue.h"
 #include "engine/datum_shift.h"
-#include "engine/length_unit.h"
 #include "engine/projections.h"
+#include "run/length_unit.h"
 
 namespace tovak::engine {
 
@@ -18,7 +18,7 @@ struct Point {
 
 struct Side {
   const CoordinateSystem* system = nullptr;
-  LengthUnit unit = LengthUnit::usSurveyFeet;
+  run::LengthUnit unit = run::LengthUnit::usSurveyFeet;
   PJconsts* projection = nullptr;  ///< null for latitude and longitude
 };
 

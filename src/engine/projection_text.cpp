@@ -24,7 +24,7 @@ std::optional<ProjectionText> readProjectionText(std::string_view text) {
   std::string_view mark = rest.substr(std::min(rest.find_first_not_of(' '), rest.size()));
   ProjectionText result{.code = *code};
   if (!mark.empty() && text::upperCase(mark.front()) == 'M') {
-    result.unit = LengthUnit::metres;
+    result.unit = run::LengthUnit::metres;
     rest = mark.substr(1);
   }
   return endsHere(rest) ? std::optional(result) : std::nullopt;

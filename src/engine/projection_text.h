@@ -5,13 +5,13 @@
 #include <optional>
 #include <string_view>
 
-#include "engine/length_unit.h"
+#include "run/length_unit.h"
 
 namespace tovak::engine {
 
 struct ProjectionText {
   std::int16_t code = 0;
-  LengthUnit unit = LengthUnit::usSurveyFeet;  ///< of the coordinates, and of the elevation for every system
+  run::LengthUnit unit = run::LengthUnit::usSurveyFeet;  ///< of the coordinates, and of the elevation for every system
 };
 
 /// Reads texts such as "2M", "3 (feet)" or "Projection = 0    (Latitude and Longitude : NAD83)": everything up to the

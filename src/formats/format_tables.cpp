@@ -5,6 +5,8 @@
 #include "formats/delimited/built_in_formats.h"
 #include "formats/delimited/delimited_reader.h"
 #include "formats/delimited/delimited_writer.h"
+#include "formats/survey/sdms_reader.h"
+#include "formats/survey/sdms_writer.h"
 #include "run/keyboard_reader.h"
 
 namespace tovak::formats {
@@ -21,7 +23,7 @@ constexpr std::array<SourceFormat, 14> kSources = {{
     {.name = "Comma Delimited File", .makeReader = makeDelimitedReader},
     {.name = "Vesko 80 Column File"},
     {.name = "NGS Blue Book File", .packedAngles = true},
-    {.name = "SDMS File", .packedAngles = true},
+    {.name = "SDMS File", .makeReader = makeSdmsReader, .packedAngles = true},
     {.name = "Trimble Coords.log File  (Trimble PN)", .packedAngles = true},
     {.name = "Trimble Coords.log File  (PN in PD)", .packedAngles = true},
     {.name = "Geopak Print Points File"},
@@ -40,7 +42,7 @@ constexpr std::array<TargetFormat, 16> kTargets = {{
     {.name = "Comma Delimited File", .makeWriter = makeDelimitedWriter},
     {.name = "Vesko 80 Column File"},
     {.name = "NGS Blue Book File"},
-    {.name = "SDMS File"},
+    {.name = "SDMS File", .makeWriter = makeSdmsWriter, .takesOtherLines = true},
     {.name = "Trimble Waypoints File", .options = TargetOptions::TrimbleWaypoints},
     {.name = "DeLorme Import File", .forcesLatLong = true, .options = TargetOptions::DeLorme},
     {.name = "Geodimeter Raw Control File"},

@@ -5,14 +5,14 @@
 namespace tovak::engine {
 namespace {
 
-constexpr auto kFeet = LengthUnit::usSurveyFeet;
-constexpr auto kMetres = LengthUnit::metres;
+constexpr auto kFeet = run::LengthUnit::usSurveyFeet;
+constexpr auto kMetres = run::LengthUnit::metres;
 
 TEST(ProjectionText, GivesCodeAndUnit) {
   const struct {
     const char* text;
     std::int16_t code;
-    LengthUnit unit;
+    run::LengthUnit unit;
   } cases[] = {
       {"2", 2, kFeet},
       {"2M", 2, kMetres},

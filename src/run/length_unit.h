@@ -1,7 +1,7 @@
 /// The two length units of coordinates and elevations.
 #pragma once
 
-namespace tovak::engine {
+namespace tovak::run {
 
 enum class LengthUnit { usSurveyFeet, metres };
 
@@ -11,4 +11,4 @@ constexpr double convertLength(double value, LengthUnit from, LengthUnit to) {
   return to == LengthUnit::metres ? value * 12.0 / 39.37 : value * 39.37 / 12.0;
 }
 
-}  // namespace tovak::engine
+}  // namespace tovak::run
