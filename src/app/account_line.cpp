@@ -37,6 +37,7 @@ std::string passedOverList(const run::RecordCounts& counts) {
   appendItem(list, counts.withoutDelimiter, " without delimiter", true);
   appendItem(list, counts.zeroCoordinate, " with a zero coordinate", true);
   appendItem(list, counts.comment, " comment", true);
+  appendItem(list, counts.noPoint, " without a point", true);
   return list;
 }
 

@@ -5,6 +5,10 @@
 #include "formats/delimited/built_in_formats.h"
 #include "formats/delimited/delimited_reader.h"
 #include "formats/delimited/delimited_writer.h"
+#include "formats/survey/blue_book_reader.h"
+#include "formats/survey/blue_book_writer.h"
+#include "formats/survey/eighty_column_reader.h"
+#include "formats/survey/eighty_column_writer.h"
 #include "formats/survey/sdms_reader.h"
 #include "formats/survey/sdms_writer.h"
 #include "run/keyboard_reader.h"
@@ -21,8 +25,8 @@ using run::TargetOptions;
 constexpr std::array<SourceFormat, 14> kSources = {{
     {.name = "Keyboard", .kind = SourceKind::Keyboard, .makeReader = run::makeKeyboardReader},
     {.name = "Comma Delimited File", .makeReader = makeDelimitedReader},
-    {.name = "Vesko 80 Column File"},
-    {.name = "NGS Blue Book File", .packedAngles = true},
+    {.name = "Vesko 80 Column File", .makeReader = makeEightyColumnReader},
+    {.name = "NGS Blue Book File", .makeReader = makeBlueBookReader, .packedAngles = true},
     {.name = "SDMS File", .makeReader = makeSdmsReader, .packedAngles = true},
     {.name = "Trimble Coords.log File  (Trimble PN)", .packedAngles = true},
     {.name = "Trimble Coords.log File  (PN in PD)", .packedAngles = true},
@@ -40,8 +44,8 @@ constexpr std::array<SourceFormat, 14> kSources = {{
 constexpr std::array<TargetFormat, 16> kTargets = {{
     {.name = "Screen only", .kind = TargetKind::Screen},
     {.name = "Comma Delimited File", .makeWriter = makeDelimitedWriter},
-    {.name = "Vesko 80 Column File"},
-    {.name = "NGS Blue Book File"},
+    {.name = "Vesko 80 Column File", .makeWriter = makeEightyColumnWriter},
+    {.name = "NGS Blue Book File", .makeWriter = makeBlueBookWriter},
     {.name = "SDMS File", .makeWriter = makeSdmsWriter, .takesOtherLines = true},
     {.name = "Trimble Waypoints File", .options = TargetOptions::TrimbleWaypoints},
     {.name = "DeLorme Import File", .forcesLatLong = true, .options = TargetOptions::DeLorme},

@@ -25,6 +25,7 @@ struct RecordCounts {
   Tally withoutDelimiter;
   Tally zeroCoordinate;
   Tally comment;
+  Tally noPoint;  ///< a record of another kind than the points of its format
 };
 
 /// Converted, skipped and passed over together.

@@ -81,7 +81,7 @@ TEST_F(Program, TellsHowARunEnded) {
       {"", "-B", kNotEverythingConverted, "0 records read: 0 converted, 0 skipped, 0 passed over\n"},
       {"45.5,-93.5,A\n", "-Q -TF4 -TP3", kStoppedByMessage,
        "Batch Mode Error: Units must be meters in NGS Blue Book files containing state plane coordinates.\n"},
-      {"45.5,-93.5,A\n", "-B -SF4 -SP1", kStoppedByMessage, "Batch Mode Error: This format is not available yet.\n"},
+      {"45.5,-93.5,A\n", "-B -SF6 -SP1", kStoppedByMessage, "Batch Mode Error: This format is not available yet.\n"},
       {"45.5,-93.5,A\n", "-Q -SP270", kCommandLineProblem,
        "Command Line Error: Improper Source Projection Was Specified.\n"},
       {"45.5,-93.5,A\n", "-B -SF9", kCommandLineProblem,
@@ -98,7 +98,7 @@ TEST_F(Program, TellsHowARunEnded) {
 
 TEST_F(Program, KeepsTheOldTargetUnlessTheRunReachesIt) {
   folder.write("out.csv", "old");
-  convert("45.5,-93.5,A\n", "-Q -TF3 -TP3 -TUE -SF2 -SP1 -SUE");
+  convert("45.5,-93.5,A\n", "-Q -TF3 -TP1 -TUE -SF2 -SP1 -SUE");
   EXPECT_EQ(contentsOf(target()), "old");
   run(folder.write("in.csv", "1,2\n") + " " + folder.file("./in.csv") + " -Q" + kFeetToSouth);
   EXPECT_EQ(err.str(), "Batch Mode Error: Source file has same name as target file.\n");

@@ -214,7 +214,8 @@ TEST(DelimitedReader, SurvivesAnyBytes) {
   std::uint32_t state = 1;
   for (int i = 0; i < 200000; ++i) {
     state = state * 1664525U + 1013904223U;
-    constexpr std::string_view kAlphabet = "0123456789.,;\"- eE~\n\r\t\0\xFF$x";
+    using namespace std::string_view_literals;
+    constexpr std::string_view kAlphabet = "0123456789.,;\"- eE~\n\r\t\0\xFF$x"sv;
     bytes += kAlphabet[(state >> 16) % kAlphabet.size()];
   }
   for (const char* codes : {" 0~ 1~ 2~ 25~ 4~", "", " 7~", "~~~", " 25~ 0~ 1~ 24~ 15~ 98~ 99~"}) {
