@@ -44,9 +44,19 @@ For example, latitudes and longitudes in decimal degrees to state plane South in
 The help switch is found anywhere in the line, even inside a file name: a command line with "my-house.csv" shows this
 page and converts nothing.
 
-An SDMS file that Tovak writes holds no descriptions and no comments of points.
-
 Exit status: 0 finished; 1 stopped by a message; 2 command line problems; 3 finished, but not everything was converted.
+)";
+
+constexpr std::string_view kNotes = R"(
+Notes on formats:
+  Vesko 80 Column File          as a target use -F4 or coarser: decimals of the northing need the columns of the code,
+                                and the rest of such a point goes to a line of its own
+  NGS Blue Book File            as a target it has the northing first, as a source the easting
+  SDMS File                     as a target it holds no descriptions and no comments of points
+  Geopak Print Points File      commas in numbers separate thousands, as in 1,234,567.89, and "." is the decimal point
+  Geopak XY and NE Input File   a double quote in a description is written as it is; replace it in the source when the
+                                program that runs the commands takes it for the end of the description
+  Geodimeter Raw Control File   an elevation of 0 is an empty value: 39=
 )";
 
 /// A list entry: the number right-aligned, then the name.
@@ -80,6 +90,7 @@ std::string usagePage(const run::FormatTables& formats, run::ConversionEngine* e
   std::string page(kSwitches);
   appendFormats(page, "Source formats:\n", formats.sources);
   appendFormats(page, "Target formats:\n", formats.targets);
+  page += kNotes;
   page += "\nProjections:\n";
   if (engine != nullptr) {
     appendProjections(page, *engine);

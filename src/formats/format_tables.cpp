@@ -9,6 +9,9 @@
 #include "formats/survey/blue_book_writer.h"
 #include "formats/survey/eighty_column_reader.h"
 #include "formats/survey/eighty_column_writer.h"
+#include "formats/survey/geodimeter_writer.h"
+#include "formats/survey/geopak_reader.h"
+#include "formats/survey/geopak_writer.h"
 #include "formats/survey/sdms_reader.h"
 #include "formats/survey/sdms_writer.h"
 #include "run/keyboard_reader.h"
@@ -30,7 +33,7 @@ constexpr std::array<SourceFormat, 14> kSources = {{
     {.name = "SDMS File", .makeReader = makeSdmsReader, .packedAngles = true},
     {.name = "Trimble Coords.log File  (Trimble PN)", .packedAngles = true},
     {.name = "Trimble Coords.log File  (PN in PD)", .packedAngles = true},
-    {.name = "Geopak Print Points File"},
+    {.name = "Geopak Print Points File", .makeReader = makeGeopakReader},
     {.name = "Geodetics Special", .kind = SourceKind::AgencyRun},
     {.name = "KRV Batch Input File", .kind = SourceKind::AgencyRun},
     {.name = "LMO Batch Input File", .kind = SourceKind::AgencyRun},
@@ -49,8 +52,8 @@ constexpr std::array<TargetFormat, 16> kTargets = {{
     {.name = "SDMS File", .makeWriter = makeSdmsWriter, .takesOtherLines = true},
     {.name = "Trimble Waypoints File", .options = TargetOptions::TrimbleWaypoints},
     {.name = "DeLorme Import File", .forcesLatLong = true, .options = TargetOptions::DeLorme},
-    {.name = "Geodimeter Raw Control File"},
-    {.name = "Geodimeter Raw Alignment File"},
+    {.name = "Geodimeter Raw Control File", .makeWriter = makeGeodimeterControlWriter},
+    {.name = "Geodimeter Raw Alignment File", .makeWriter = makeGeodimeterAlignmentWriter},
     {.name = "Geodetics Special", .kind = TargetKind::AgencyRun},
     {.name = "KRV Batch Output File", .kind = TargetKind::AgencyRun},
     {.name = "LMO Batch Output File", .kind = TargetKind::AgencyRun},
@@ -60,8 +63,8 @@ constexpr std::array<TargetFormat, 16> kTargets = {{
      .prepare = prepareWayPointsPlusTarget,
      .forcesLatLong = true,
      .fileNameEnding = ".txt"},
-    {.name = "Geopak XY Input File", .closingLine = "$ END"},
-    {.name = "Geopak NE Input File", .closingLine = "$ END"},
+    {.name = "Geopak XY Input File", .makeWriter = makeGeopakXyWriter, .closingLine = "$ END"},
+    {.name = "Geopak NE Input File", .makeWriter = makeGeopakNeWriter, .closingLine = "$ END"},
 }};
 
 }  // namespace

@@ -11,6 +11,7 @@ namespace tovak::text {
 namespace {
 
 constexpr double kExactWholeLimit = 9007199254740992.0;  // 2^53
+constexpr std::size_t kThousandsGroup = 3;
 constexpr std::array<double, 10> kPowersOfTen = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
 
 bool isDigit(char c) {
@@ -71,6 +72,24 @@ std::optional<double> strictNumber(std::string_view text) {
   const LeadingNumber number = parseLeadingNumber(trimmed);
   if (number.length == 0 || number.length != trimmed.size()) return std::nullopt;
   return number.value;
+}
+
+std::optional<double> thousandsNumber(std::string_view text, std::string& scratch) {
+  const std::string_view number = trimBlanks(text);
+  const std::size_t first = number.starts_with('-') || number.starts_with('+') ? 1 : 0;
+  std::size_t end = skipDigits(number, first);
+  if (end == number.size() || number[end] != ',') return strictNumber(number);
+  const std::string_view leadingGroup = number.substr(first, end - first);
+  if (leadingGroup.empty() || leadingGroup.size() > kThousandsGroup || leadingGroup == "0") return std::nullopt;
+  scratch = number.substr(0, end);
+  while (end < number.size() && number[end] == ',') {
+    const std::size_t group = end + 1;
+    end = skipDigits(number, group);
+    if (end - group != kThousandsGroup) return std::nullopt;
+    scratch += number.substr(group, kThousandsGroup);
+  }
+  scratch += number.substr(end);
+  return strictNumber(scratch);
 }
 
 double roundHalfEven(double value) {

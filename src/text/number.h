@@ -1,5 +1,6 @@
 /// Numbers from text and into text. Every number that the program reads from a file or prints into one goes through
-/// this family; none of it depends on the locale: the decimal point is "." and there are no thousands separators.
+/// this family; none of it depends on the locale: the decimal point is "." and only `thousandsNumber` knows thousands
+/// separators.
 #pragma once
 
 #include <cstddef>
@@ -26,6 +27,11 @@ double leadingNumber(std::string_view text);
 
 /// The value of a text that is a number and nothing else (outer blanks aside), or nothing.
 std::optional<double> strictNumber(std::string_view text);
+
+/// The value of a text that is a number and nothing else (outer blanks aside), its whole part either plain or in groups
+/// of three digits separated by commas, as in "-1,234,567.89"; or nothing. "." is the decimal point whatever the
+/// locale, so a decimal comma ("0,125", "12,5") is no number. `scratch` holds the number without its commas.
+std::optional<double> thousandsNumber(std::string_view text, std::string& scratch);
 
 /// The nearest whole number, halves to the even one.
 double roundHalfEven(double value);

@@ -136,7 +136,8 @@ TEST_F(Program, ShowsHelpWithItsOwnStatus) {
   EXPECT_EQ(run(" -H "), kFinished);
   EXPECT_EQ(err.str(), "");
   for (const char* part : {"    14  WayPoints+ Format (to Garmin)\n", "     5  State plane South, NAD83\n",
-                           "   104  Latitude and Longitude, NAD27\n", "-SUx", "-Yyear", "my-house.csv"}) {
+                           "   104  Latitude and Longitude, NAD27\n", "-SUx", "-Yyear", "my-house.csv",
+                           "a double quote in a description is written as it is"}) {
     EXPECT_NE(out.str().find(part), std::string::npos) << part;
   }
   EXPECT_EQ(convert("45.5,-93.5,A\n", "-B -SF2 my-house.csv"), kCommandLineProblem);

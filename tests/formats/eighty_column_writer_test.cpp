@@ -68,6 +68,7 @@ TEST(EightyColumnWriter, PutsFieldsInTheirColumns) {
       // character is not in the elevation's way.
       {999999.4, 12.3, "AB", first({{36, "500000."}, {49, "999999."}, {56, "AB"}, {60, "12."}, {65, kTrailer}})},
       {999999.6, 12.3, "A", first({{36, "500000."}, {49, "1000000."}, {57, "A"}, {60, "12."}, {65, kTrailer}})},
+      {1234567, 12.3, "  ", first({{36, "500000."}, {49, "1234567."}, {60, "12."}, {65, kTrailer}})},
       {1234567, 0, "AB", first({{36, "500000."}, {49, "1234567."}, {57, "AB"}}) + line({{65, kTrailer}})},
   };
   for (const auto& c : cases) {

@@ -63,6 +63,49 @@ TEST(StrictNumber, IsANumberAndNothingElse) {
   for (const char* text : {"", " ", "12.5x", "1 2", "1,000", "x"}) EXPECT_EQ(strictNumber(text), std::nullopt) << text;
 }
 
+TEST(ThousandsNumber, TakesGroupsOfThreeDigits) {
+  const struct {
+    std::string_view text;
+    std::optional<double> value;
+  } cases[] = {
+      {"1,234,567.890", 1234567.89},
+      {"  -12,345.6  ", -12345.6},
+      {"+1,000", 1000},
+      {"999,999.", 999999},
+      {"1,234,567,890,123,456.5", 1234567890123456.5},
+      {"001,234", 1234},
+      {"1,234e2", 123400},
+      {"1234.5", 1234.5},
+      {".5", 0.5},
+      {"", std::nullopt},
+      {"  ", std::nullopt},
+      {",", std::nullopt},
+      {"-,123", std::nullopt},
+      {",123", std::nullopt},
+      {"1,", std::nullopt},
+      {"1,23", std::nullopt},
+      {"1,23,4.5", std::nullopt},
+      {"1,2x", std::nullopt},
+      {"1,234x", std::nullopt},
+      {"1,2345", std::nullopt},
+      {"1234,567", std::nullopt},
+      {"1,234,", std::nullopt},
+      {"1,,234", std::nullopt},
+      {"1, 234", std::nullopt},
+      {"1,234 5", std::nullopt},
+      {"1,234.5,6", std::nullopt},
+      {"1.5,200", std::nullopt},
+      {"1,234.5.6", std::nullopt},
+      // Decimal commas.
+      {"0,125", std::nullopt},
+      {"-0,125", std::nullopt},
+      {"1.234,50", std::nullopt},
+      {std::string_view("1,234\0", 6), std::nullopt},
+  };
+  std::string scratch = "left over";
+  for (const auto& c : cases) EXPECT_EQ(thousandsNumber(c.text, scratch), c.value) << c.text;
+}
+
 TEST(ToInt16, RoundsHalvesToEvenAndKnowsItsRange) {
   EXPECT_EQ(toInt16(2.5), 2);
   EXPECT_EQ(toInt16(-3.5), -4);

@@ -31,6 +31,10 @@ std::string_view exchangedPointType(std::string_view type) {
   return type == "PICS" ? "PISC" : type;
 }
 
+std::string_view withoutBlanksBehind(std::string_view text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
 class EightyColumnWriter final : public run::PointWriter {
  public:
   explicit EightyColumnWriter(const run::TargetContext& context)
@@ -66,7 +70,8 @@ class EightyColumnWriter final : public run::PointWriter {
     const bool wide = point.OutNorthLat > 0 && northing.find('.') > 6;
     putPointAt(wide ? 8 : 7, northing);
     line_.advanceTo(wide ? 57 : 56);
-    line_.put(point.code);
+    // A wide northing leaves the code one column; a blank behind it must not break the line.
+    line_.put(wide ? withoutBlanksBehind(point.code) : point.code);
     putElevationAndTrailer(point.Elevation, point.trailerGroup);
   }
 
