@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <string_view>
 
@@ -11,6 +12,7 @@
 #include "run/conversion_run.h"
 #include "run/data_folder.h"
 #include "text/strings.h"
+#include "text/system_error.h"
 
 namespace tovak::app {
 namespace {
@@ -22,9 +24,11 @@ ExitStatus showHelp(std::string_view commandLine, const run::FormatTables& forma
   const std::string& reason = start.reason.empty() ? start.message.text : start.reason;
   const std::string page = usagePage(formats, start.engine.get(), reason);
   if (text::equalsIgnoringCase(text::trimBlanks(commandLine), kHelpSwitch)) {
+    errno = 0;
     io.out << page << std::flush;
-    if (io.out.good()) return kFinished;
-    io.err << "The help page could not be written." << std::endl;
+    // A pager that was left early has shown enough.
+    if (io.out.good() || errno == EPIPE) return kFinished;
+    io.err << text::systemErrorText("standard output", errno) << std::endl;
     return kStoppedByMessage;
   }
   io.err << page << "\nNothing was converted: the command line holds \"-h\"." << std::endl;
