@@ -8,110 +8,66 @@
 namespace tovak::app {
 namespace {
 
-using run::Adjustment;
-using text::AngleForm;
-
 CommandLine parse(const std::string& line) {
   return parseCommandLine(line, formats::formatTables());
 }
 
-/// A line that is complete, with one more item.
-class CompleteLine : public testing::Test {
+class CommandLineTest : public testing::Test {
  protected:
-  CommandLine with(const std::string& items) {
-    return parse(folder_.write("in.csv", "") + " out.csv -B -SF2 -SP1 -SUE -TF2 -TP5 -TUE " + items);
-  }
-  CommandLine only(const std::string& items) { return parse(folder_.write("in.csv", "") + " out.csv " + items); }
+  CommandLine only(const std::string& items) { return parse(folder.write("in.csv", "") + " out.csv " + items); }
+  /// A line that is complete, with more items.
+  CommandLine with(const std::string& items) { return only("-B -SF2 -SP1 -SUE -TF2 -TP5 -TUE " + items); }
 
- private:
-  tests::TemporaryFolder folder_;
+  const tests::TemporaryFolder folder;
 };
 
-TEST_F(CompleteLine, FillsTheSettings) {
-  const CommandLine line = with("");
-  EXPECT_EQ(line.MessageText, "");
-  EXPECT_EQ(line.settings.BatchMode, 1);
-  EXPECT_EQ(line.settings.sourceFormat, 1);
-  EXPECT_EQ(line.settings.targetFormat, 1);
-  EXPECT_EQ(line.settings.SourceProjectionCode, 0);
-  EXPECT_EQ(line.settings.TargetProjectionCode, 4);
-  EXPECT_EQ(line.settings.target.fileName, "out.csv");
-  EXPECT_EQ(line.settings.latLongForm, AngleForm::DegreesMinutesSeconds);
-  EXPECT_EQ(line.settings.accuracy, 0);
-  EXPECT_EQ(line.settings.adjustment, Adjustment::None);
-  EXPECT_FALSE(line.settings.reportEnabled);
+/// What a line selects, in one text.
+std::string selection(const CommandLine& line) {
+  const run::RunSettings& s = line.settings;
+  std::string text = "-" + std::to_string(s.BatchMode);
+  for (const int number : {int{s.sourceFormat}, int{s.targetFormat}}) text += ' ' + std::to_string(number);
+  text += ' ' + s.source.projectionText + ' ' + s.target.projectionText + ' ' + static_cast<char>(s.latLongForm);
+  text += std::string(s.latLongFormChosen ? "+ " : " ") + std::to_string(s.accuracy);
+  return text + ' ' + std::to_string(static_cast<int>(s.adjustment)) + line.MessageText;
 }
 
-TEST_F(CompleteLine, TakesEachOption) {
-  EXPECT_EQ(with("-q").settings.BatchMode, 2);
-  EXPECT_EQ(with("-sp269").settings.SourceProjectionCode, 268);
-  EXPECT_EQ(with("-SF3x").settings.sourceFormat, 2);
-  EXPECT_EQ(with("-TF16").settings.targetFormat, 15);
-  EXPECT_EQ(with("-F6").settings.accuracy, 5);
-  EXPECT_EQ(with("-SP2 -SUm").settings.source.projectionText, "1M");
-  EXPECT_EQ(with("-TP3 -TUMetric").settings.target.projectionText, "2M");
-  EXPECT_EQ(with("-SUM -SUE -SUx").settings.source.projectionText, "0");
-  EXPECT_EQ(with("-SP1 -SUM").settings.source.projectionText, "0M");
-  EXPECT_EQ(with("-X5 -SZ9 -T - third.csv \"\"").MessageText, "");
+TEST_F(CommandLineTest, FillsTheSettings) {
+  using Row = std::pair<const char*, const char*>;
+  const Row cases[] = {Row("", "-1 1 1 0 4 S 0 0"), Row("-q", "-2 1 1 0 4 S 0 0"), Row("-sp269", "-1 1 1 268 4 S 0 0"),
+                       Row("-SF3x -F6", "-1 2 1 0 4 S 5 0"), Row("-TF16 -SP2 -SUm", "-1 1 15 1M 4 S 0 0"),
+                       Row("-TP3 -TUMetric", "-1 1 1 0 2M S 0 0"), Row("-SUE -SUM -SUx", "-1 1 1 0M 4 S 0 0"),
+                       Row("-X5 -SZ9 -T - third.csv \"\"", "-1 1 1 0 4 S 0 0"),
+                       // Forms of latitudes and longitudes.
+                       Row("-A1", "-1 1 1 0 4 S+ 0 0"), Row("-A2", "-1 1 1 0 4 S+ 0 0"), Row("-A3", "-1 1 1 0 4 S 0 0"),
+                       Row("-A4", "-1 1 1 0 4 D 0 0"), Row("-a5", "-1 1 1 0 4 M 0 0"),
+                       // The year counts on the last place only.
+                       Row("-Y86 -B", "-1 1 1 0 4 S 0 0"), Row("-Y86x", "-1 1 1 0 4 S 0 0"),
+                       Row("-Y 86 ", "-1 1 1 0 4 S 0 1")};
+  for (const auto& [items, expected] : cases) EXPECT_EQ(selection(with(items)), expected) << items;
 
-  const CommandLine report = with("-R\"my report.rpt\" -Y86");
+  const char* const years[][4] = {
+      {"7"}, {"8", "86", "1986"}, {"9", "96", "1996"}, {"0", "07", "2007"}, {"1", "11", "2011"}};
+  for (int adjustment = 0; adjustment < 5; ++adjustment) {
+    for (const char* const* year = years[adjustment]; *year != nullptr; ++year) {
+      EXPECT_EQ(static_cast<int>(with(std::string("-y") + *year).settings.adjustment), adjustment) << *year;
+    }
+  }
+  // The projection of a target format gives way to one that is named.
+  const Row targets[] = {Row("-TF14 -TUE", "0"), Row("-TF13 -TUM", "0M"), Row("-TF7 -TUE", "0"),
+                         // A projection that is named, wherever.
+                         Row("-TP3 -TF14 -TUE", "2"), Row("-TF14 -TUM -TP104", "103M")};
+  for (const auto& [items, text] : targets) {
+    EXPECT_EQ(only("-B -SF2 -SP1 -SUE " + std::string(items)).settings.target.projectionText, text) << items;
+  }
+  const CommandLine report = with("-R\"my report.rpt\"");
   EXPECT_EQ(report.settings.reportFileName, "my report.rpt");
-  EXPECT_TRUE(report.reportFileNamed && report.settings.reportEnabled);
-  EXPECT_EQ(report.settings.adjustment, Adjustment::Nad83_1986);
+  EXPECT_TRUE(report.reportFileNamed && report.settings.reportEnabled && !with("").settings.reportEnabled);
 }
 
-TEST_F(CompleteLine, KnowsTheLatLongForms) {
-  const struct {
-    const char* option;
-    AngleForm form;
-    bool chosen;
-  } cases[] = {{"-A1", AngleForm::DegreesMinutesSeconds, true},
-               {"-A2", AngleForm::DegreesMinutesSeconds, true},
-               {"-A3", AngleForm::DegreesMinutesSeconds, false},
-               {"-A4", AngleForm::DecimalDegrees, false},
-               {"-a5", AngleForm::DegreesDecimalMinutes, false}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(with(c.option).settings.latLongForm, c.form) << c.option;
-    EXPECT_EQ(with(c.option).settings.latLongFormChosen, c.chosen) << c.option;
-  }
-}
-
-TEST_F(CompleteLine, TakesTheYearOnTheLastPlaceOnly) {
-  const struct {
-    const char* items;
-    Adjustment adjustment;
-  } cases[] = {
-      {"-Y8", Adjustment::Nad83_1986}, {"-Y86 ", Adjustment::Nad83_1986}, {"-y1986", Adjustment::Nad83_1986},
-      {"-Y9", Adjustment::Nad83_1996}, {"-Y96", Adjustment::Nad83_1996},  {"-Y1996", Adjustment::Nad83_1996},
-      {"-Y0", Adjustment::Nad83_2007}, {"-Y07", Adjustment::Nad83_2007},  {"-Y2007", Adjustment::Nad83_2007},
-      {"-Y1", Adjustment::Nad83_2011}, {"-Y11", Adjustment::Nad83_2011},  {"-Y2011", Adjustment::Nad83_2011},
-      {"-Y86 -B", Adjustment::None},   {"-Y 86", Adjustment::Nad83_1986}, {"-Y7", Adjustment::None},
-      {"-Y86x", Adjustment::None},
-  };
-  for (const auto& c : cases) EXPECT_EQ(with(c.items).settings.adjustment, c.adjustment) << c.items;
-}
-
-TEST_F(CompleteLine, ForcesTheProjectionOfATargetFormatUnlessOneIsNamed) {
-  const struct {
-    const char* items;
-    const char* text;
-  } cases[] = {{"-TF14 -TUE", "0"},
-               {"-TF13 -TUM", "0M"},
-               {"-TF7 -TUE", "0"},
-               {"-TP3 -TF14 -TUE", "2"},
-               {"-TF14 -TUM -TP104", "103M"}};
-  for (const auto& c : cases) {
-    const CommandLine line = only("-B -SF2 -SP1 -SUE " + std::string(c.items));
-    EXPECT_EQ(line.MessageText, "") << c.items;
-    EXPECT_EQ(line.settings.target.projectionText, c.text) << c.items;
-  }
-}
-
-TEST_F(CompleteLine, ReportsWhatIsImproper) {
-  const struct {
-    const char* items;
-    const char* problem;
-  } cases[] = {
+TEST_F(CommandLineTest, ReportsWhatIsImproper) {
+  constexpr const char* kAgency =
+      "Vesko Specific Batch Files for Database Applications\ncannot be run automatically from the command line.";
+  const std::tuple<const char*, const char*> cases[] = {
       {"-SF1", "Batch Mode Data Source Cannot Be Keyboard."},
       {"-SF14", "Batch Mode Data Source Cannot Be a CSV File."},
       {"-SF15", "Improper Source File Format Was Specified."},
@@ -125,37 +81,27 @@ TEST_F(CompleteLine, ReportsWhatIsImproper) {
       {"-TP264", "Batch Mode Target Projection Cannot Be User Defined."},
       {"-SPx", "Number Cannot Be Read: -SPx"},
       {"-TF", "Number Cannot Be Read: -TF"},
-      {"-SP 3", "Number Cannot Be Read: -SP"},
-      {"-TP99999", "Number Cannot Be Read: -TP99999"},
-      {"-A6", "Improper Latitude/Longitude Form Was Specified."},
+      {"-TP99999 -SF", "Number Cannot Be Read: -TP99999"},
       {"-F7", "Improper Data Accuracy Was Specified."},
-      {"-F0 -A0", "Improper Data Accuracy Was Specified.\nImproper Latitude/Longitude Form Was Specified."},
-      {"-SF9",
-       "Vesko Specific Batch Files for Database Applications\ncannot be run automatically from the command line."},
-      {"-SF11 -SF2 -SP270",
-       "Vesko Specific Batch Files for Database Applications\ncannot be run automatically from the command line."},
+      {"-F0 -A6", "Improper Data Accuracy Was Specified.\nImproper Latitude/Longitude Form Was Specified."},
+      {"-SF9", kAgency},
+      {"-SF11 -SF2 -SP270", kAgency},
       // The target's option marks an agency run behind the source formats 10 to 12.
-      {"-SF12 -TF2",
-       "Vesko Specific Batch Files for Database Applications\ncannot be run automatically from the command line."},
+      {"-SF12 -TF2", kAgency},
       {"-TF2 -SF12", ""},
-      {"-SF8 -TF2", ""},
-  };
-  for (const auto& c : cases) EXPECT_EQ(with(c.items).MessageText, c.problem) << c.items;
-}
-
-TEST(CommandLine, CollectsEveryProblemInOrder) {
+      {"-SF8 -TF2", ""}};
+  for (const auto& [items, problem] : cases) EXPECT_EQ(with(items).MessageText, problem) << items;
   EXPECT_EQ(parse("-B").MessageText,
             "Source File Was Not Specified.\nTarget File Was Not Specified.\n"
             "Source File Units Were Not Specified.\nTarget File Units Were Not Specified.\n"
             "Source File Format Was Not Specified.\nTarget File Format Was Not Specified.\n"
             "Source File Projection Was Not Specified.\nTarget File Projection Was Not Specified.");
+  EXPECT_EQ(only("-B -SF2 -SP1 -SUE -TF2 -TP5").MessageText, "Target File Units Were Not Specified.");
   const CommandLine missing = parse("/nowhere/in.csv out.csv -Q -SUE -TUE -SF2 -TF2 -SP1 -TP2");
-  EXPECT_EQ(missing.MessageText, "Source File Does Not Exist.");
-  EXPECT_EQ(missing.settings.source.fileName, "");
+  EXPECT_EQ(missing.MessageText + missing.settings.source.fileName, "Source File Does Not Exist.");
 }
 
-TEST(CommandLine, FindsNamesAndTheWorkingFolder) {
-  const tests::TemporaryFolder folder;
+TEST_F(CommandLineTest, FindsNamesAndTheWorkingFolder) {
   const std::string spaced = folder.write("a b.csv", "");
   const CommandLine quoted = parse("  \"" + spaced + "\"  \"to here.csv\"-SUM ignored");
   EXPECT_EQ(quoted.settings.source.fileName, spaced);
@@ -168,20 +114,14 @@ TEST(CommandLine, FindsNamesAndTheWorkingFolder) {
 }
 
 TEST(JoinArguments, QuotesWhatHoldsBlanks) {
-  const struct {
-    std::vector<std::string> arguments;
-    const char* line;
-  } cases[] = {
-      {{}, ""},
-      {{"in.csv", "-B"}, "in.csv -B"},
-      {{"a b.csv", "-Rmy report.rpt", "-rx y"}, "\"a b.csv\" -R\"my report.rpt\" -r\"x y\""},
-      {{"-R\"my report.rpt\"", "\"a b\""}, "-R\"my report.rpt\" \"a b\""},
-  };
-  for (const auto& c : cases) EXPECT_EQ(joinArguments(c.arguments), c.line);
+  EXPECT_EQ(joinArguments({}), "");
+  EXPECT_EQ(joinArguments({"a b.csv", "-B", "-Rmy report.rpt", "-rx y"}),
+            "\"a b.csv\" -B -R\"my report.rpt\" -r\"x y\"");
+  EXPECT_EQ(joinArguments({"-R\"my report.rpt\"", "\"a b\""}), "-R\"my report.rpt\" \"a b\"");
 }
 
 TEST(AsksForHelp, AnywhereInEitherCase) {
-  for (const char* line : {"-h", "-H", "a b -h", "my-house.csv", "--help"}) EXPECT_TRUE(asksForHelp(line)) << line;
+  for (const char* line : {"-h", "a b -H", "my-house.csv", "--help"}) EXPECT_TRUE(asksForHelp(line)) << line;
   for (const char* line : {"", "h", "in.csv - h", "-B"}) EXPECT_FALSE(asksForHelp(line)) << line;
 }
 

@@ -16,29 +16,28 @@ inline std::unique_ptr<TovakX> freshEngine() {
   return engine;
 }
 
-struct Result {
-  int code = 0;
-  double northing = 0.0;
-  double easting = 0.0;
-  double elevation = 0.0;
-  std::string info;
-};
-
 /// What the outputs hold before a conversion.
 inline constexpr double kUntouched = -777.0;
 
+struct Result {
+  int code = 0;
+  double northing = kUntouched;
+  double easting = kUntouched;
+  double elevation = 0.0;
+  std::string info = {};
+};
+
 inline Result convert(TovakX& engine, const std::string& source, const std::string& target, Point point,
                       std::string_view form = "S") {
-  Result result{.northing = kUntouched, .easting = kUntouched, .elevation = point.elevation, .info = "untouched"};
-  result.code = engine.TovakVert(point.northing, point.easting, result.elevation, source, result.northing,
-                                 result.easting, result.elevation, target, result.info, form);
-  return result;
+  Result r{.elevation = point.elevation};
+  r.code = engine.TovakVert(point.northing, point.easting, r.elevation, source, r.northing, r.easting, r.elevation,
+                            target, r.info, form);
+  return r;
 }
 
 /// Whether the engine finds the grid between NAD27 and NAD83.
 inline bool hasGrid(TovakX& engine) {
-  const Result result = convert(engine, "103", "0", {.northing = 45.0, .easting = -94.0, .elevation = 0.0});
-  return result.code != static_cast<int>(Error::noGrid);
+  return convert(engine, "103", "0", {45.0, -94.0, 0.0}).code != static_cast<int>(Error::noGrid);
 }
 
 #define TOVAK_SKIP_WITHOUT_GRID(engine) \

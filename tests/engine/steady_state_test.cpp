@@ -1,6 +1,4 @@
 // Counts allocations: once a pair of projections is ready, a point makes none.
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include "engine_probe.h"
@@ -13,36 +11,25 @@ TEST(SteadyState, AllocatesNothing) {
   const auto engine = probe::freshEngine();
   const bool hasGrid = probe::hasGrid(*engine);
   const struct {
-    const char* source;
-    const char* target;
+    std::string source;
+    std::string target;
     double latitude;
-    bool needsGrid;
-  } cases[] = {
-      {"Projection = 0 (Latitude and Longitude : NAD83)", "4", 45.0, false},
-      {"0", "0M", 45.0, false},
-      {"0", "1M", 60.0, false},
-      {"5", "1M", 45.0, false},
-      {"103", "0", 45.0, true},
-      {"103", "0", 50.5, true},
-      {"0", "107", 45.0, true},
-  };
+    bool needsGrid = false;
+  } cases[] = {{"Projection = 0 (Latitude and Longitude : NAD83)", "4", 45.0},
+               {"0", "1M", 60.0},
+               {"5", "1M", 45.0},
+               {"103", "0", 50.5, true},
+               {"0", "107", 45.0, true}};
   for (const auto& c : cases) {
     if (c.needsGrid && !hasGrid) continue;
-    SCOPED_TRACE(std::string(c.source) + " to " + c.target + " at " + std::to_string(c.latitude));
-    const std::string source = c.source;
-    const std::string target = c.target;
     std::string info;
     std::size_t before = 0;
     for (int point = 0; point < 100; ++point) {
       if (point == 1) before = tests::allocationCount();
-      double latitude = c.latitude;
-      double longitude = -94.0;
-      double elevation = 0.0;
-      double northing = 0.0;
-      double easting = 0.0;
-      engine->TovakVert(latitude, longitude, elevation, source, northing, easting, elevation, target, info, "S");
+      double latitude = c.latitude, longitude = -94.0, elevation = 0.0, northing = 0.0, easting = 0.0;
+      engine->TovakVert(latitude, longitude, elevation, c.source, northing, easting, elevation, c.target, info, "S");
     }
-    EXPECT_EQ(tests::allocationCount(), before);
+    EXPECT_EQ(tests::allocationCount(), before) << c.source << " to " << c.target << " at " << c.latitude;
   }
 }
 

@@ -8,183 +8,139 @@
 namespace tovak::run {
 namespace {
 
-/// A run that breaks no rule: comma delimited to comma delimited, state plane to state plane, in feet.
-RunSettings soundSettings() {
-  RunSettings settings;
-  settings.sourceFormat = source::CommaDelimited;
-  settings.targetFormat = target::CommaDelimited;
-  settings.SourceProjectionCode = 2;
-  settings.TargetProjectionCode = 3;
-  settings.source.fileName = "/nowhere/in";
-  settings.target.fileName = "/nowhere/out";
-  return settings;
-}
+using enum Icon;
 
+/// By itself a run that breaks no rule: comma delimited to comma delimited, state plane to state plane, in feet.
 struct Selection {
-  std::int16_t sourceFormat = source::CommaDelimited;
-  std::int16_t source = 2;
-  bool sourceMetres = false;
-  std::int16_t targetFormat = target::CommaDelimited;
-  std::int16_t target = 3;
-  bool targetMetres = false;
+  std::int16_t from = source::CommaDelimited;
+  std::int16_t code = 2;
+  bool metres = false;
+  std::int16_t to = target::CommaDelimited;
+  std::int16_t toCode = 3;
+  bool toMetres = false;
+  bool report = false;
+  std::int16_t batch = 0;
+  const char* toFile = "/nowhere/out";
 };
 
-RunSettings select(const Selection& selection) {
-  RunSettings settings = soundSettings();
-  settings.sourceFormat = selection.sourceFormat;
-  settings.SourceProjectionCode = selection.source;
-  settings.source.metres = selection.sourceMetres;
-  settings.targetFormat = selection.targetFormat;
-  settings.TargetProjectionCode = selection.target;
-  settings.target.metres = selection.targetMetres;
+RunSettings select(const Selection& s) {
+  RunSettings settings;
+  settings.sourceFormat = s.from;
+  settings.SourceProjectionCode = s.code;
+  settings.source = {.fileName = "/nowhere/in", .projectionText = {}, .displayName = {}, .metres = s.metres};
+  settings.targetFormat = s.to;
+  settings.TargetProjectionCode = s.toCode;
+  settings.target = {.fileName = s.toFile, .projectionText = {}, .displayName = {}, .metres = s.toMetres};
+  settings.reportEnabled = s.report;
+  settings.BatchMode = s.batch;
   return settings;
 }
 
+const std::string kLatLong = " format not valid with NAD27 or NAD83 lat/long map projection";
+const std::string kUtm = " format not valid with NAD27 or NAD83 UTM map projection";
+const std::string kCounty = " format not valid with a county map projection or ";
+const std::string kMetres = "Units must be meters in NGS ";
 constexpr const char* kSource = "Invalid source combination";
 constexpr const char* kTarget = "Invalid target combination";
 
-TEST(CombinationRules, RefuseWithTheirOwnWords) {
-  const struct {
-    Selection selection;
-    Message message;
-  } cases[] = {
-      {{.source = 263, .target = 263},
-       {"Both Source and Target Map Projections cannot be 'User Defined Project'", "Invalid conversion combination",
-        Icon::None}},
-      {{.source = 269}, {"For LMO or KRV batch calculations only", "Invalid map projection", Icon::None}},
-      {{.target = 269}, {"For LMO or KRV batch calculations only", "Invalid map projection", Icon::None}},
-      {{.sourceFormat = source::Vesko80Column, .source = 103},
-       {"Vesko 80 column format not valid with NAD27 or NAD83 lat/long map projection", kSource, Icon::None}},
-      {{.sourceFormat = source::Vesko80Column, .source = 104},
-       {"Vesko 80 column format not valid with NAD27 or NAD83 UTM map projection", kSource, Icon::Exclamation}},
-      {{.sourceFormat = source::CoordsLog, .source = 1},
-       {"Trimble Coords.log format not valid with NAD27 or NAD83 UTM map projection", kSource, Icon::Exclamation}},
-      {{.sourceFormat = source::BlueBook, .source = 107},
-       {"Units must be meters in NGS files containing state plane coordinates", kSource, Icon::Exclamation}},
-      {{.sourceFormat = source::BlueBook, .source = 268, .sourceMetres = true},
-       {"NGS Blue Book format not valid with a county map projection or project coordinate system", kSource,
-        Icon::Exclamation}},
-      {{.sourceFormat = source::CoordsLog, .source = 5},
-       {"Trimble Coords.log format not valid with a county map projection or project coordinate system", kSource,
-        Icon::Exclamation}},
-      {{.targetFormat = target::ScreenOnly}, {"Reports are Disabled", "Warning", Icon::Exclamation}},
-      {{.targetFormat = target::Vesko80Column, .target = 0},
-       {"Vesko 80 column format not valid with NAD27 or NAD83 lat/long map projection", kTarget, Icon::Exclamation}},
-      {{.targetFormat = target::Vesko80Column, .target = 1},
-       {"Vesko 80 column format not valid with NAD27 or NAD83 UTM map projection", kTarget, Icon::Exclamation}},
-      {{.targetFormat = target::BlueBook, .target = 2},
-       {"Units must be meters in NGS Blue Book files containing state plane coordinates.", kTarget, Icon::None}},
-      {{.targetFormat = target::BlueBook, .target = 102},
-       {"NGS Blue Book format not valid with a county map projection or county coordinate system", kTarget,
-        Icon::Exclamation}},
-      {{.targetFormat = target::GeodimeterControl, .target = 103},
-       {"Geodimeter Raw format not valid with NAD27 or NAD83 lat/long map projection", kTarget, Icon::Exclamation}},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.message.text + " / " + c.message.title);
-    const Message* const broken = firstBrokenRule(select(c.selection));
-    ASSERT_NE(broken, nullptr);
-    EXPECT_EQ(*broken, c.message);
+TEST(CombinationRules, RefuseWithTheirOwnWordsInTheirOrder) {
+  const Message userDefined = {"Both Source and Target Map Projections cannot be 'User Defined Project'",
+                               "Invalid conversion combination", None};
+  const Message lmo = {"For LMO or KRV batch calculations only", "Invalid map projection", None};
+  const Message vesko = {"Vesko 80 column" + kLatLong, kSource, None};
+  const Message reports = {"Reports are Disabled", "Warning", Exclamation};
+  const Message files = {"Source file has same name as target file.", "Conflicting file names", Exclamation};
+  using source::CoordsLog;
+  using target::GeodimeterControl, target::ScreenOnly;
+  const std::tuple<Selection, Message> cases[] = {
+      {{.code = 263, .toCode = 263}, userDefined},
+      {{.code = 269}, lmo},
+      {{.toCode = 269}, lmo},
+      {{.from = source::Vesko80Column, .code = 103}, vesko},
+      {{.from = source::Vesko80Column, .code = 104}, {"Vesko 80 column" + kUtm, kSource, Exclamation}},
+      {{.from = CoordsLog, .code = 1}, {"Trimble Coords.log" + kUtm, kSource, Exclamation}},
+      {{.from = source::BlueBook, .code = 107},
+       {kMetres + "files containing state plane coordinates", kSource, Exclamation}},
+      {{.from = source::BlueBook, .code = 268, .metres = true},
+       {"NGS Blue Book" + kCounty + "project coordinate system", kSource, Exclamation}},
+      {{.from = CoordsLog, .code = 5},
+       {"Trimble Coords.log" + kCounty + "project coordinate system", kSource, Exclamation}},
+      {{.to = ScreenOnly}, reports},
+      {{.to = target::Vesko80Column, .toCode = 0}, {"Vesko 80 column" + kLatLong, kTarget, Exclamation}},
+      {{.to = target::Vesko80Column, .toCode = 1}, {"Vesko 80 column" + kUtm, kTarget, Exclamation}},
+      {{.to = target::BlueBook, .toCode = 2},
+       {kMetres + "Blue Book files containing state plane coordinates.", kTarget, None}},
+      {{.to = target::BlueBook, .toCode = 102},
+       {"NGS Blue Book" + kCounty + "county coordinate system", kTarget, Exclamation}},
+      {{.toFile = "/nowhere/in"}, files},
+      {{.to = GeodimeterControl, .toCode = 103}, {"Geodimeter Raw" + kLatLong, kTarget, Exclamation}},
+      // Of two rules the first one speaks.
+      {{.from = source::BlueBook, .code = 263, .toCode = 263}, userDefined},
+      {{.from = source::Vesko80Column, .code = 103, .toCode = 269}, lmo},
+      {{.from = source::Vesko80Column, .code = 0, .to = ScreenOnly}, vesko},
+      {{.from = source::Vesko80Column, .code = 0, .to = target::Vesko80Column, .toCode = 1}, vesko},
+      {{.to = target::Vesko80Column, .toCode = 1, .toFile = "/nowhere/in"},
+       {"Vesko 80 column" + kUtm, kTarget, Exclamation}},
+      {{.to = GeodimeterControl, .toCode = 0, .toFile = "/nowhere/in"}, files}};
+  for (const auto& [selection, message] : cases) {
+    const Message* const broken = firstBrokenRule(select(selection));
+    EXPECT_TRUE(broken != nullptr && *broken == message) << message.text << " / " << message.title;
   }
 }
 
 TEST(CombinationRules, LetPassWhatNoRuleNames) {
   const Selection cases[] = {
-      {},
-      {.source = 263},
-      {.source = 268, .target = 268},
-      {.sourceFormat = source::BlueBook, .sourceMetres = true},
-      {.sourceFormat = source::BlueBook, .source = 1},
-      {.targetFormat = target::BlueBook, .targetMetres = true},
+      Selection{.code = 263}, Selection{.code = 268, .toCode = 268},
+      Selection{.from = source::BlueBook, .metres = true}, Selection{.from = source::BlueBook, .code = 1},
+      Selection{.to = target::BlueBook, .toMetres = true}, Selection{.to = target::ScreenOnly, .report = true},
+      Selection{.to = target::ScreenOnly, .batch = 1},
       // Codes 264 to 267 belong to no class.
-      {.sourceFormat = source::Vesko80Column, .source = 264, .targetFormat = target::Vesko80Column, .target = 267},
+      Selection{.from = source::Vesko80Column, .code = 264, .to = target::Vesko80Column, .toCode = 267},
       // Of each of these pairs of formats only the other one is named.
-      {.sourceFormat = source::CoordsLogNumberInDescription, .source = 1},
-      {.sourceFormat = source::CoordsLogNumberInDescription, .source = 5},
-      {.targetFormat = target::GeodimeterAlignment, .target = 0},
-  };
+      Selection{.from = source::CoordsLogNumberInDescription, .code = 1},
+      Selection{.from = source::CoordsLogNumberInDescription, .code = 5},
+      Selection{.to = target::GeodimeterAlignment, .toCode = 0}};
   for (const Selection& selection : cases) {
     const Message* const broken = firstBrokenRule(select(selection));
     EXPECT_EQ(broken, nullptr) << broken->text;
   }
 }
 
-TEST(CombinationRules, AreTriedInTheirOrder) {
-  const struct {
-    Selection selection;
-    const char* title;
-  } cases[] = {
-      {{.source = 269, .targetFormat = target::ScreenOnly, .target = 263}, "Invalid map projection"},
-      {{.sourceFormat = source::Vesko80Column, .source = 0, .targetFormat = target::ScreenOnly}, kSource},
-      {{.targetFormat = target::ScreenOnly, .target = 0}, "Warning"},
-  };
-  for (const auto& c : cases) {
-    ASSERT_NE(firstBrokenRule(select(c.selection)), nullptr);
-    EXPECT_EQ(firstBrokenRule(select(c.selection))->title, c.title);
-  }
-  RunSettings settings = select({.targetFormat = target::GeodimeterControl, .target = 0});
-  settings.target.fileName = settings.source.fileName;
-  EXPECT_EQ(firstBrokenRule(settings)->title, "Conflicting file names");
-}
-
-TEST(CombinationRules, LetTheScreenPassWithReportsAndInBatchMode) {
-  RunSettings settings = select({.targetFormat = target::ScreenOnly});
-  settings.reportEnabled = true;
-  EXPECT_EQ(firstBrokenRule(settings), nullptr);
-  settings.reportEnabled = false;
-  settings.BatchMode = 1;
-  EXPECT_EQ(firstBrokenRule(settings), nullptr);
-}
-
 TEST(FilesCollide, WhenTwoOfThemAreOne) {
   const tests::TemporaryFolder folder;
-  folder.write("in", "");
-  folder.write("other", "");
+  for (const char* name : {"in", "other"}) folder.write(name, "");
   std::filesystem::create_hard_link(folder.path() / "in", folder.path() / "link");
   const struct {
-    std::int16_t sourceFormat;
-    std::int16_t targetFormat;
     const char* source;
     const char* target;
-    const char* report;  ///< null: reports disabled
+    const char* report;  ///< empty: reports disabled
     bool collide;
-  } cases[] = {
-      {source::CommaDelimited, target::CommaDelimited, "in", "in", nullptr, true},
-      {source::CommaDelimited, target::CommaDelimited, "in", "IN", nullptr, false},
-      {source::CommaDelimited, target::CommaDelimited, "in", "./in", nullptr, true},
-      {source::CommaDelimited, target::CommaDelimited, "in", "link", nullptr, true},
-      {source::CommaDelimited, target::CommaDelimited, "in", "other", nullptr, false},
-      {source::Keyboard, target::CommaDelimited, "in", "in", nullptr, false},
-      {source::CommaDelimited, target::ScreenOnly, "in", "in", nullptr, false},
-      {source::CommaDelimited, target::CommaDelimited, "in", "other", "link", true},
-      {source::CommaDelimited, target::CommaDelimited, "in", "new", "./new", true},
-      {source::Keyboard, target::ScreenOnly, "", "", "in", false},
-      {source::CommaDelimited, target::CommaDelimited, "in", "other", "new", false},
-  };
+    std::int16_t from = source::CommaDelimited;
+    std::int16_t to = target::CommaDelimited;
+  } cases[] = {{"in", "./in", "", true},
+               {"in", "link", "", true},
+               {"in", "other", "", false},
+               {"in", "other", "link", true},
+               {"in", "new", "./new", true},
+               {"in", "other", "new", false},
+               {"in", "in", "", false, source::Keyboard},
+               {"in", "in", "", false, source::CommaDelimited, target::ScreenOnly},
+               {"in", "in", "in", false, source::Keyboard, target::ScreenOnly}};
   for (const auto& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.source << " to " << c.target << ", report " << (c.report ? c.report : "off"));
-    RunSettings settings = soundSettings();
-    settings.sourceFormat = c.sourceFormat;
-    settings.targetFormat = c.targetFormat;
+    RunSettings settings = select({.from = c.from, .to = c.to, .report = *c.report != '\0'});
     settings.source.fileName = folder.file(c.source);
     settings.target.fileName = folder.file(c.target);
-    settings.reportEnabled = c.report != nullptr;
-    if (c.report != nullptr) settings.reportFileName = folder.file(c.report);
-    if (std::string_view(c.target) == "IN" && std::filesystem::exists(folder.path() / "IN")) continue;
-    EXPECT_EQ(filesCollide(settings), c.collide);
+    settings.reportFileName = folder.file(c.report);
+    EXPECT_EQ(filesCollide(settings), c.collide) << c.source << " to " << c.target << ", report " << c.report;
   }
 }
 
 TEST(CrossesDatums, ByTheRangeOfCodes) {
-  const struct {
-    std::int16_t source;
-    std::int16_t target;
-    bool crosses;
-  } cases[] = {{0, 4, false}, {0, 103, true}, {103, 265, false}, {265, 266, true}, {102, 268, false}, {264, 2, true}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(crossesDatums(select({.source = c.source, .target = c.target})), c.crosses)
-        << c.source << ' ' << c.target;
-  }
+  const auto crosses = [](std::int16_t code, std::int16_t toCode) {
+    return crossesDatums(select({.code = code, .toCode = toCode}));
+  };
+  EXPECT_TRUE(crosses(0, 103) && crosses(265, 266) && crosses(264, 2) && crosses(103, 102));
+  EXPECT_FALSE(crosses(0, 4) || crosses(103, 265) || crosses(102, 268));
 }
 
 }  // namespace

@@ -8,22 +8,13 @@ namespace tovak::run {
 namespace {
 
 TEST(DataFolder, FollowsTheEnvironment) {
-  const struct {
-    const char* appData;
-    const char* dataHome;
-    const char* home;
-    const char* folder;
-  } cases[] = {
-      {"/app", "/xdg", "/home/a", "/app/QrAppsData"},
-      {nullptr, "/xdg", "/home/a", "/xdg/QrAppsData"},
-      {"", "", "/home/a", "/home/a/.local/share/QrAppsData"},
-      {nullptr, nullptr, nullptr, ""},
-  };
-  for (const auto& c : cases) {
-    const tests::EnvironmentVariable appData("APPDATA", c.appData);
-    const tests::EnvironmentVariable dataHome("XDG_DATA_HOME", c.dataHome);
-    const tests::EnvironmentVariable home("HOME", c.home);
-    EXPECT_EQ(dataFolder(), c.folder);
+  const char* const cases[][4] = {{"/app", "/xdg", "/home/a", "/app/QrAppsData"},
+                                  {nullptr, "/xdg", "/home/a", "/xdg/QrAppsData"},
+                                  {"", "", "/home/a", "/home/a/.local/share/QrAppsData"},
+                                  {nullptr, nullptr, nullptr, ""}};
+  for (const auto& [appData, dataHome, home, folder] : cases) {
+    const tests::EnvironmentVariable app("APPDATA", appData), xdg("XDG_DATA_HOME", dataHome), user("HOME", home);
+    EXPECT_EQ(dataFolder(), folder);
   }
 }
 

@@ -10,80 +10,49 @@ namespace tovak::run {
 namespace {
 
 TEST(IdentificationLine, NamesTheTarget) {
-  const struct {
-    std::int16_t code;
-    const char* text;
-    Adjustment adjustment;
-    const char* displayName;
-    bool metres;
-    const char* line;
-  } cases[] = {
-      {4, "4", Adjustment::None, "", false, "$Tovak#4$ NAD83  (Feet)"},
-      {2, "2M", Adjustment::Nad83_2011, "", true, "$Tovak#2M-2011$ NAD83(2011)  (Meters)"},
-      {105, "105", Adjustment::Nad83_1996, "", false, "$Tovak#105$ NAD27  (Feet)"},
-      {263, "Projection = 5M", Adjustment::Nad83_1986, "Bypass", true, "$Tovak#Projection = 5M$ NAD27 Bypass (Meters)"},
-      {267, "267", Adjustment::Nad83_2007, "", false, "$Tovak#267-2007$ NAD83(2007)  (Feet)"},
-  };
-  for (const auto& c : cases) {
+  const std::tuple<std::int16_t, SideSettings, Adjustment, const char*> cases[] = {
+      {4, {"", "4", "", false}, Adjustment::None, "$Tovak#4$ NAD83  (Feet)"},
+      {2, {"", "2M", "", true}, Adjustment::Nad83_2011, "$Tovak#2M-2011$ NAD83(2011)  (Meters)"},
+      {105, {"", "105", "", false}, Adjustment::Nad83_1996, "$Tovak#105$ NAD27  (Feet)"},
+      {263, {"", "P = 5M", "Bypass", true}, Adjustment::Nad83_1986, "$Tovak#P = 5M$ NAD27 Bypass (Meters)"},
+      {267, {"", "267", "", false}, Adjustment::Nad83_2007, "$Tovak#267-2007$ NAD83(2007)  (Feet)"}};
+  for (const auto& [code, target, adjustment, line] : cases) {
     RunSettings settings;
-    settings.TargetProjectionCode = c.code;
-    settings.target = {.fileName = {}, .projectionText = c.text, .displayName = c.displayName, .metres = c.metres};
-    settings.adjustment = c.adjustment;
-    EXPECT_EQ(identificationLine(settings), c.line);
+    settings.TargetProjectionCode = code;
+    settings.target = target;
+    settings.adjustment = adjustment;
+    EXPECT_EQ(identificationLine(settings), line);
   }
 }
 
-TEST(Labels, OfUnitsAndHeights) {
-  EXPECT_EQ(unitLabels(2, true).shortLabel, "(m)");
-  EXPECT_EQ(unitLabels(2, false).shortLabel, "(f)");
-  EXPECT_EQ(unitLabels(2, false).coordinateLabel, "(ft)");
-  EXPECT_EQ(unitLabels(103, false).shortLabel, "L-L");
-  EXPECT_EQ(unitLabels(0, true).coordinateLabel, "(m)");
-  EXPECT_EQ(TargetUnitStepText(true), "300");
-  EXPECT_EQ(TargetUnitStepText(false), "1000");
+TEST(UnitLabels, NameUnitOrAngles) {
+  EXPECT_TRUE(unitLabels(2, true).coordinateLabel == "(m)" && unitLabels(2, false).coordinateLabel == "(ft)");
+  EXPECT_TRUE(unitLabels(2, false).shortLabel == "(f)" && unitLabels(103, true).shortLabel == "L-L");
 }
 
 TEST(ProjectionBox, AgreesWithTheUnitButtons) {
-  const struct {
-    ProjectionBox before;
-    const char* typed;
-    const char* after;
-  } cases[] = {
-      {{2, false}, "2M", "2M"}, {{2, false}, "2m", "2M"},   {{2, true}, "2", "2"},          {{2, true}, "3", "3M"},
-      {{2, false}, "3", "3"},   {{2, true}, "26M", "26M"},  {{0, true}, "0", "0"},          {{4, true}, "0", "0M"},
-      {{4, false}, "2.6", "3"}, {{4, false}, "2.5M", "2M"}, {{4, true}, "99999", "32767M"}, {{4, true}, "", "0M"},
-  };
-  for (const auto& c : cases) {
-    const ProjectionBox after = typeProjection(c.before, c.typed);
-    EXPECT_EQ(projectionText(after.code, after.metres), c.after) << "typed " << c.typed;
+  const std::tuple<ProjectionBox, const char*, const char*> cases[] = {
+      {{2, false}, "2m", "2M"},   {{2, true}, "2", "2"},          {{2, true}, "3", "3M"}, {{2, false}, "3", "3"},
+      {{4, false}, "2.5M", "2M"}, {{4, true}, "99999", "32767M"}, {{4, true}, "", "0M"}};
+  for (const auto& [before, typed, expected] : cases) {
+    const ProjectionBox after = typeProjection(before, typed);
+    EXPECT_EQ(projectionText(after.code, after.metres), expected) << "typed " << typed;
   }
 }
 
 TEST(DefaultNumbering, CountsAndStopsBeforeTheEndOfItsRange) {
-  using Limits = std::numeric_limits<std::int32_t>;
-  const struct {
-    std::int32_t next;
-    std::int32_t increment;
-    const char* number;
-    std::int32_t after;
-  } cases[] = {
-      {1, 1, "1", 2},
-      {100, 10, "100", 110},
-      {5, -10, "5", -5},
-      {7, 0, "7", 7},
-      {Limits::max() - 1, 1, "2147483646", Limits::max() - 1},
-      {Limits::max() - 2, 1, "2147483645", Limits::max() - 1},
-      {Limits::max(), 5, "2147483647", Limits::max()},
-      {Limits::min(), -1, "-2147483648", Limits::min()},
-  };
-  for (const auto& c : cases) {
+  constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
+  constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
+  const std::tuple<std::int32_t, std::int32_t, std::int32_t> cases[] = {
+      {100, 10, 110}, {5, -10, -5}, {7, 0, 7}, {kMax - 1, 1, kMax - 1}, {kMax - 2, 1, kMax - 1}, {kMin, -1, kMin}};
+  for (const auto& [next, increment, after] : cases) {
     RunSettings settings;
-    settings.NextPointNumber = c.next;
-    settings.PointNumberIncrement = c.increment;
+    settings.NextPointNumber = next;
+    settings.PointNumberIncrement = increment;
     std::string number = "old";
     takeDefaultNumber(settings, number);
-    EXPECT_EQ(number, c.number);
-    EXPECT_EQ(settings.NextPointNumber, c.after);
+    EXPECT_EQ(number, std::to_string(next));
+    EXPECT_EQ(settings.NextPointNumber, after);
   }
 }
 

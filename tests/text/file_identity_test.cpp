@@ -11,32 +11,20 @@ namespace fs = std::filesystem;
 
 TEST(SameFile, SeesThroughNamesAndLinks) {
   const tests::TemporaryFolder folder;
-  folder.write("a", "");
-  folder.write("b", "");
-  fs::create_directory(folder.path() / "sub");
-  fs::create_symlink("a", folder.path() / "soft");
+  for (const char* name : {"a", "b"}) folder.write(name, "");
   fs::create_hard_link(folder.path() / "a", folder.path() / "hard");
   fs::create_directory_symlink(".", folder.path() / "here");
   fs::create_symlink("new", folder.path() / "dangling");
-  const struct {
-    const char* a;
-    const char* b;
-    bool same;
-  } cases[] = {
-      {"a", "a", true},          {"a", "b", false},
-      {"a", "./a", true},        {"a", "sub/../a", true},
-      {"a", "soft", true},       {"hard", "a", true},
-      {"a", "here/a", true},     {"new", "new", true},
-      {"new", "./new", true},    {"new", "here/new", true},
-      {"new", "other", false},   {"a", "new", false},
-      {"new", "dangling", true}, {"A", "a", fs::exists(folder.path() / "A")},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(sameFile(folder.file(c.a), folder.file(c.b)), c.same) << c.a << " and " << c.b;
-    EXPECT_EQ(sameFile(folder.file(c.b), folder.file(c.a)), c.same) << c.b << " and " << c.a;
+  using Pair = std::tuple<const char*, const char*, bool>;
+  const Pair cases[] = {Pair("a", "b", false),         Pair("hard", "a", true),
+                        Pair("a", "here/a", true),     Pair("new", "here/new", true),
+                        Pair("new", "other", false),   Pair("a", "new", false),
+                        Pair("new", "dangling", true), Pair("A", "a", fs::exists(folder.path() / "A"))};
+  for (const auto& [a, b, same] : cases) {
+    EXPECT_EQ(sameFile(folder.file(a), folder.file(b)), same) << a << " and " << b;
+    EXPECT_EQ(sameFile(folder.file(b), folder.file(a)), same) << b << " and " << a;
   }
-  EXPECT_FALSE(sameFile("", ""));
-  EXPECT_FALSE(sameFile("/dev/null", "/dev/null"));
+  EXPECT_FALSE(sameFile("", "") || sameFile("/dev/null", "/dev/null"));
 }
 
 }  // namespace
