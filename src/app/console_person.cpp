@@ -16,12 +16,22 @@ void printMessage(std::ostream& out, const run::Message& message) {
   out << message.title << ": " << message.text << std::endl;
 }
 
-ConsolePerson::~ConsolePerson() {
+void ConsolePerson::endProgress() {
   if (progressShown_) err_ << kClearLine << std::flush;
+  progressShown_ = false;
 }
 
 void ConsolePerson::show(const run::Message& message) {
-  printMessage(err_, message);
+  if (leftBatchMode_) {
+    messagesForWindow_.push_back(message);
+  } else {
+    printMessage(err_, message);
+  }
+}
+
+bool ConsolePerson::leaveBatchMode() {
+  leftBatchMode_ = hasWindow_;
+  return leftBatchMode_;
 }
 
 bool ConsolePerson::confirm(const run::Message& question) {

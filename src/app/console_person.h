@@ -1,9 +1,11 @@
-/// The person of a batch run: messages go to standard error, nothing waits for an answer.
+/// The person of a batch run: messages go to standard error, or are kept for the window that the run turns to; nothing
+/// waits for an answer.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
 #include <ostream>
+#include <vector>
 
 #include "run/person.h"
 
@@ -14,24 +16,36 @@ void printMessage(std::ostream& out, const run::Message& message);
 
 class ConsolePerson final : public run::Person {
  public:
-  /// `showProgress`: keep a line on the terminal that counts the records.
-  ConsolePerson(std::ostream& err, bool showProgress) : err_(err), showProgress_(showProgress) {}
+  /// `showProgress`: keep a line on the terminal that counts the records. `hasWindow`: a run that meets a problem can
+  /// turn to the window.
+  ConsolePerson(std::ostream& err, bool showProgress, bool hasWindow)
+      : err_(err), showProgress_(showProgress), hasWindow_(hasWindow) {}
   ConsolePerson(const ConsolePerson&) = delete;
   ConsolePerson& operator=(const ConsolePerson&) = delete;
-  ~ConsolePerson() override;
+  ~ConsolePerson() override { endProgress(); }
 
   void show(const run::Message& message) override;
   bool confirm(const run::Message& question) override;
-  bool leaveBatchMode() override { return false; }
+  bool leaveBatchMode() override;
   bool chooseTargetOptions(run::TargetOptions) override { return true; }
   bool typePoint(run::PointRecord&) override { return false; }
   void showRow(const run::PointRecord&, bool) override {}
   void showGrid() override {}
   void progress(std::uint64_t records) override;
 
+  /// Takes the progress line off the terminal.
+  void endProgress();
+
+  /// Whether the run has left batch mode, and what it had to say since then.
+  bool leftBatchMode() const { return leftBatchMode_; }
+  const std::vector<run::Message>& messagesForWindow() const { return messagesForWindow_; }
+
  private:
   std::ostream& err_;
   const bool showProgress_;
+  const bool hasWindow_;
+  bool leftBatchMode_ = false;
+  std::vector<run::Message> messagesForWindow_;
   bool progressShown_ = false;
   std::chrono::steady_clock::time_point lastProgress_;
 };

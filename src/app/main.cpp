@@ -39,7 +39,8 @@ int main(int count, char** arguments) {
                                    .err = std::cerr,
                                    .errIsTerminal = isatty(STDERR_FILENO) == 1,
                                    .hasDisplay = isSet("DISPLAY") || isSet("WAYLAND_DISPLAY"),
-                                   .today = today()});
+                                   .today = today(),
+                                   .window = tovak::app::openWindow});
   } catch (const std::exception& failure) {
     std::cerr << "Tovak: " << failure.what() << std::endl;
     return tovak::app::kStoppedByMessage;

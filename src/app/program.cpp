@@ -1,8 +1,11 @@
 #include "app/program.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <filesystem>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "app/account_line.h"
 #include "app/command_line.h"
@@ -47,19 +50,58 @@ ExitStatus exitStatus(const run::RunResult& result) {
   return everything ? kFinished : kNotEverythingConverted;
 }
 
-ExitStatus runBatch(run::RunSettings& settings, run::ConversionEngine& engine, const run::FormatTables& formats,
-                    const Surroundings& io) {
+/// A start that is settled as far as both ways of working need it.
+struct Preparation {
+  CommandLine line;
+  EngineStart engine;
+  formats::DelimitedFormatTable delimitedFormats;
+};
+
+/// Opens the window with what is known so far; a batch run's problems come first among its messages.
+ExitStatus runWindow(const Preparation& prepared, std::vector<run::Message> messages, const run::FormatTables& formats,
+                     const Surroundings& io) {
+  WindowStart start;
+  start.settings = prepared.line.settings;
+  start.settings.BatchMode = 0;
+  start.workingFolder = prepared.line.workingFolder;
+  start.messages = std::move(messages);
+  start.engine = prepared.engine.engine.get();
+  start.formatTables = formats;
+  start.delimitedFormats = prepared.delimitedFormats;
+  start.version = TOVAK_VERSION;
+  std::string reason;
+  if (io.window(start, reason)) return start.engine == nullptr ? kStoppedByMessage : kFinished;
+  for (const run::Message& message : start.messages) printMessage(io.err, message);
+  printMessage(io.err, {.text = "The main window could not be opened; use -B or -Q to convert without it.\n" + reason,
+                        .title = "Missing Component"});
+  return kCommandLineProblem;
+}
+
+ExitStatus runBatch(Preparation& prepared, const run::FormatTables& formats, const Surroundings& io) {
+  run::RunSettings& settings = prepared.line.settings;
   settings.reportEnabled = false;
   const bool talkative = settings.BatchMode == 1;
-  run::RunResult result;
-  {
-    ConsolePerson person(io.err, talkative && io.errIsTerminal);
-    result = run::convert(settings, engine, formats, person);
-  }
-  if (!result.MessageText.empty()) printMessage(io.err, {.text = result.MessageText, .title = "Batch Mode Error"});
+  ConsolePerson person(io.err, talkative && io.errIsTerminal, io.hasDisplay);
+  const run::RunResult result = run::convert(settings, *prepared.engine.engine, formats, person);
+  person.endProgress();
   const bool begun = result.outcome != run::RunOutcome::Stopped || recordsRead(result.counts) > 0;
+  if (!person.leftBatchMode() && !result.MessageText.empty()) {
+    printMessage(io.err, {.text = result.MessageText, .title = "Batch Mode Error"});
+  }
   if (talkative && begun) io.err << accountLine(result.counts) << std::endl;
+  if (person.leftBatchMode()) runWindow(prepared, person.messagesForWindow(), formats, io);
   return exitStatus(result);
+}
+
+/// The engine that cannot be had, where the person looks.
+ExitStatus stopWithoutEngine(const Preparation& prepared, bool inWindow, const run::FormatTables& formats,
+                             const Surroundings& io) {
+  run::Message message = prepared.engine.message;
+  message.detail = prepared.engine.reason;
+  if (inWindow) return runWindow(prepared, {message}, formats, io);
+  printMessage(io.err, message);
+  if (!message.detail.empty()) io.err << message.detail << std::endl;
+  return kStoppedByMessage;
 }
 
 }  // namespace
@@ -70,26 +112,34 @@ ExitStatus runProgram(const std::string& commandLine, const Surroundings& io) {
   const run::FormatTables formats = formats::formatTables();
   if (asksForHelp(commandLine)) return showHelp(commandLine, formats, io);
 
-  CommandLine line = parseCommandLine(commandLine, formats);
-  if (line.settings.BatchMode == 0) {
-    return refuse(io, io.hasDisplay ? "The main window is not available yet; use -B or -Q."
-                                    : "A display is needed for the main window; use -B or -Q to convert without one.");
+  Preparation prepared;
+  if (!text::trimBlanks(commandLine).empty()) prepared.line = parseCommandLine(commandLine, formats);
+  CommandLine& line = prepared.line;
+  const std::int16_t batchMode = line.settings.BatchMode;
+  const bool faultyBatch = batchMode > 0 && !line.MessageText.empty();
+  if (faultyBatch && (batchMode == 2 || !io.hasDisplay)) return refuse(io, line.MessageText);
+  const bool inWindow = batchMode == 0 || faultyBatch;
+  if (inWindow && !io.hasDisplay) {
+    return refuse(io, "A display is needed for the main window; use -B or -Q to convert without one.");
   }
-  if (!line.MessageText.empty()) return refuse(io, line.MessageText);
 
-  const EngineStart start = startEngine();
-  if (start.engine == nullptr) {
-    printMessage(io.err, start.message);
-    if (!start.reason.empty()) io.err << start.reason << std::endl;
-    return kStoppedByMessage;
+  prepared.engine = startEngine();
+  if (prepared.engine.engine == nullptr) return stopWithoutEngine(prepared, inWindow, formats, io);
+  if (!line.reportFileNamed) {
+    line.settings.reportEnabled = true;
+    line.settings.reportFileName = dailyReportName(folder, io.today);
   }
-  if (!line.reportFileNamed) line.settings.reportFileName = dailyReportName(folder, io.today);
-  const formats::DefinitionsResult definitions = loadFormats(folder);
+  formats::DefinitionsResult definitions = loadFormats(folder);
+  prepared.delimitedFormats = std::move(definitions.table);
+  std::vector<run::Message> messages;
   if (!definitions.error.empty()) {
-    printMessage(io.err,
-                 {.text = definitions.error + "\nOnly \"Tovak Standard\" is available.", .title = "Definitions File"});
+    messages.push_back(
+        {.text = definitions.error + "\nOnly \"Tovak Standard\" is available.", .title = "Definitions File"});
   }
-  return runBatch(line.settings, *start.engine, formats, io);
+  if (faultyBatch) messages.push_back({.text = line.MessageText, .title = "Command Line Error"});
+  if (inWindow) return runWindow(prepared, std::move(messages), formats, io);
+  for (const run::Message& message : messages) printMessage(io.err, message);
+  return runBatch(prepared, formats, io);
 }
 
 }  // namespace tovak::app

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/startup.h"
+#include "app/window_start.h"
 
 namespace tovak::app {
 
@@ -22,7 +23,12 @@ struct Surroundings {
   bool errIsTerminal = false;
   bool hasDisplay = false;
   Date today;
+  /// Opens the window; see `openWindow`.
+  WindowFunction* window = nullptr;
 };
+
+/// Loads the module of the main window and opens the window.
+bool openWindow(const WindowStart& start, std::string& reason);
 
 /// Carries out one command line (see `joinArguments`).
 ExitStatus runProgram(const std::string& commandLine, const Surroundings& io);

@@ -300,7 +300,7 @@ bool ConversionRun::interpretAngles(PointRecord& point) const {
 
 void ConversionRun::skip(const PointRecord& point, Tally& tally, const std::string& reason) {
   countSkipped(result_.counts, tally, point.sourceLine, reason);
-  if (interactive()) person_.show({.text = reason, .title = "TovakX Conversion Error", .icon = Icon::None});
+  if (interactive()) person_.show(messages::pointRefused(reason, sourceLines_.fileName(), point.sourceLine));
 }
 
 bool ConversionRun::writePoint(const PointRecord& point) {

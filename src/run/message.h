@@ -13,6 +13,10 @@ struct Message {
   Icon icon = Icon::None;
   /// The name of the control that gets the focus afterwards, empty for none.
   std::string focus = {};
+  /// Where it happened, shown smaller than the text; empty for nowhere in particular.
+  std::string detail = {};
+  /// One of the messages that every faulty point of a file may bring: a person may have enough of them.
+  bool ofOnePoint = false;
 
   bool operator==(const Message&) const = default;
 };

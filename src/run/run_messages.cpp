@@ -1,5 +1,7 @@
 #include "run/run_messages.h"
 
+#include "text/number.h"
+
 namespace tovak::run::messages {
 
 Message horizontalReferenceMissing() {
@@ -41,6 +43,16 @@ Message changeFileName() {
 
 Message finished() {
   return {"Output File Written", "Finished", Icon::Information};
+}
+
+Message pointRefused(const std::string& reason, const std::string& fileName, std::uint64_t line) {
+  Message message = {.text = reason, .title = "TovakX Conversion Error", .icon = Icon::None, .ofOnePoint = true};
+  if (!fileName.empty()) {
+    message.detail = "line ";
+    text::appendWhole(message.detail, static_cast<std::int64_t>(line));
+    message.detail += " of " + fileName;
+  }
+  return message;
 }
 
 std::string noAngle() {

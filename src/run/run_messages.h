@@ -2,6 +2,7 @@
 /// file format in its reader.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "run/message.h"
@@ -15,6 +16,9 @@ Message waypointsInLatLong();
 Message crossingDatums();
 Message changeFileName();
 Message finished();
+
+/// The engine's reason for refusing a point, with the point's line and file; a typed point has no file.
+Message pointRefused(const std::string& reason, const std::string& fileName, std::uint64_t line);
 
 /// The reason why a point is skipped whose latitude or longitude cannot be interpreted.
 std::string noAngle();

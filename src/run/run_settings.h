@@ -50,6 +50,7 @@ struct RunSettings {
   bool printReport = false;
   bool appendReport = false;
   std::string reportFileName;
+  std::string reportDescription;  ///< one line of the person's own, may be empty
 
   DelimitedFormat sourceDelimited;
   DelimitedFormat targetDelimited;
@@ -58,6 +59,14 @@ struct RunSettings {
   bool allowBlankPointNumbers = false;
   std::int32_t NextPointNumber = 1;
   std::int32_t PointNumberIncrement = 1;
+
+  /// The field that a Trimble waypoint takes its name from before the others: "ST", "PD" or "PN".
+  std::string waypointName = "PN";
+  /// The number of a Maptech label's colour in hexadecimal: blue, green, red from its highest byte.
+  std::string maptechColor = "ff";
+  /// The number of a Maptech label's symbol.
+  std::int32_t maptechSymbol = 17;
+  std::string delormeSymbol = "CIRCLE";
 
   /// 0 interactive; 1 from the command line, falling back to the window on a problem; 2 from the command line, stopping
   /// on a problem.

@@ -39,6 +39,13 @@ void appendAsItIs(std::string& out, double value, int decimals) {
   if (error == std::errc()) out.append(digits.data(), end);
 }
 
+template <typename Whole>
+std::optional<Whole> toWhole(double value) {
+  const double whole = roundHalfEven(value);
+  if (!(whole >= std::numeric_limits<Whole>::min() && whole <= std::numeric_limits<Whole>::max())) return std::nullopt;
+  return static_cast<Whole>(whole);
+}
+
 }  // namespace
 
 LeadingNumber parseLeadingNumber(std::string_view text) {
@@ -97,11 +104,11 @@ double roundHalfEven(double value) {
 }
 
 std::optional<std::int16_t> toInt16(double value) {
-  const double whole = roundHalfEven(value);
-  if (!(whole >= std::numeric_limits<std::int16_t>::min() && whole <= std::numeric_limits<std::int16_t>::max())) {
-    return std::nullopt;
-  }
-  return static_cast<std::int16_t>(whole);
+  return toWhole<std::int16_t>(value);
+}
+
+std::optional<std::int32_t> toInt32(double value) {
+  return toWhole<std::int32_t>(value);
 }
 
 void appendWhole(std::string& out, std::int64_t value) {

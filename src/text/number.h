@@ -38,6 +38,7 @@ double roundHalfEven(double value);
 
 /// The nearest whole number (halves to even) when it fits the type, or nothing.
 std::optional<std::int16_t> toInt16(double value);
+std::optional<std::int32_t> toInt32(double value);
 
 /// Codes of `appendPrecision`: how precisely a number is written.
 inline constexpr int kThreeDecimals = 0;

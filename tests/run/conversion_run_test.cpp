@@ -137,8 +137,11 @@ TEST_F(ConversionRun, CarriesEachPointThroughTheEngineAndSkipsWhatItRefuses) {
     EXPECT_EQ(engine.calls.front().source + engine.calls.front().target, "23");
     EXPECT_TRUE(result.counts.converted == 2 && result.counts.refusedByEngine.count == 1);
     EXPECT_TRUE(result.counts.firstSkippedLine == 3 && result.counts.firstSkipReason == "refused with 8");
-    const std::vector<Message> messages = {{"refused with 8", "TovakX Conversion Error", None},
-                                           {"Output File Written", "Finished", Information}};
+    const Message refused = {.text = "refused with 8",
+                             .title = "TovakX Conversion Error",
+                             .detail = "line 3 of " + folder.file("in"),
+                             .ofOnePoint = true};
+    const std::vector<Message> messages = {refused, {"Output File Written", "Finished", Information}};
     EXPECT_EQ(person.shown, batch == 0 ? messages : std::vector<Message>{});
   }
 }

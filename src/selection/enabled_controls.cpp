@@ -1,0 +1,27 @@
+#include "selection/enabled_controls.h"
+
+#include <cstddef>
+
+#include "run/format_index.h"
+
+namespace tovak::selection {
+
+EnabledControls enabledControls(const Selections& selections, const run::FormatTables& formats) {
+  const run::RunSettings& settings = selections.run;
+  // Agency batch runs take systems, angles and numbers from their own files, and write no report.
+  const bool ordinary = !isAgencyRun(selections, formats);
+  return {
+      .sourceFile = formats.sources[static_cast<std::size_t>(settings.sourceFormat)].kind != run::SourceKind::Keyboard,
+      .targetFile = formats.targets[static_cast<std::size_t>(settings.targetFormat)].kind != run::TargetKind::Screen,
+      .sourceProjection = ordinary,
+      .targetProjection = ordinary,
+      .sourceUnits = ordinary,
+      .latLongForm = ordinary && settings.latLongFormChosen,
+      .ordinaryOptions = ordinary,
+      .nextNumber = ordinary && !settings.allowBlankPointNumbers,
+      .report = ordinary && settings.reportEnabled,
+      .database = settings.sourceFormat == run::source::GeodeticCsv,
+  };
+}
+
+}  // namespace tovak::selection

@@ -1,0 +1,62 @@
+#include "ui/message_box.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QCursor>
+#include <QMessageBox>
+#include <array>
+
+#include "ui/qt_text.h"
+
+namespace tovak::ui {
+namespace {
+
+/// In the order of `run::Icon`.
+constexpr std::array<QMessageBox::Icon, 4> kIcons = {QMessageBox::NoIcon, QMessageBox::Warning,
+                                                     QMessageBox::Information, QMessageBox::Question};
+
+/// The ordinary pointer over a box that a run has opened.
+class ArrowCursor {
+ public:
+  ArrowCursor() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ArrowCursor(const ArrowCursor&) = delete;
+  ArrowCursor& operator=(const ArrowCursor&) = delete;
+  ~ArrowCursor() { QApplication::restoreOverrideCursor(); }
+};
+
+void fill(QMessageBox& box, const run::Message& message) {
+  box.setIcon(kIcons[static_cast<std::size_t>(message.icon)]);
+  box.setWindowTitle(toQString(message.title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(toQString(message.text));
+  box.setInformativeText(toQString(message.detail));
+}
+
+}  // namespace
+
+bool showMessage(QWidget* parent, const run::Message& message) {
+  const ArrowCursor arrow;
+  QMessageBox box(parent);
+  fill(box, message);
+  box.setStandardButtons(QMessageBox::Ok);
+  auto* const enough = new QCheckBox(QMessageBox::tr("Do not show further conversion errors in this run"), &box);
+  enough->setToolTip(QMessageBox::tr("Points that cannot be converted are then only counted"));
+  enough->setVisible(message.ofOnePoint);
+  if (message.ofOnePoint) box.setCheckBox(enough);
+  box.exec();
+  const QString focus = toQString(message.focus);
+  QWidget* const control = parent == nullptr || focus.isEmpty() ? nullptr : parent->findChild<QWidget*>(focus);
+  if (control != nullptr) control->setFocus();
+  return enough->isChecked();
+}
+
+bool askQuestion(QWidget* parent, const run::Message& question) {
+  const ArrowCursor arrow;
+  QMessageBox box(parent);
+  fill(box, question);
+  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  box.setDefaultButton(QMessageBox::No);
+  return box.exec() == QMessageBox::Yes;
+}
+
+}  // namespace tovak::ui

@@ -1,0 +1,17 @@
+/// Messages and questions in modal boxes.
+#pragma once
+
+#include <QWidget>
+
+#include "run/message.h"
+
+namespace tovak::ui {
+
+/// Shows a message until it is acknowledged, and then gives the focus to the control it names. True when the person
+/// has had enough of messages about single points.
+bool showMessage(QWidget* parent, const run::Message& message);
+
+/// Asks a question; true for yes.
+bool askQuestion(QWidget* parent, const run::Message& question);
+
+}  // namespace tovak::ui

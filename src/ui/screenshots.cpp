@@ -1,0 +1,151 @@
+// Shows each window of the program and keeps a picture of it: tovak_screenshots HELP_FILE FOLDER [--dark]
+// docs/screenshots builds and runs it.
+#include <QApplication>
+#include <QDir>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QTest>
+#include <QWidget>
+#include <cstdio>
+#include <memory>
+
+#include "formats/delimited/built_in_formats.h"
+#include "formats/format_tables.h"
+#include "run/engine_loader.h"
+#include "run/format_index.h"
+#include "ui/help_window.h"
+#include "ui/tovak.h"
+#include "ui/tovak_about.h"
+#include "ui/tovak_def_pt_no.h"
+#include "ui/tovak_delorme.h"
+#include "ui/tovak_input.h"
+#include "ui/tovak_maptech.h"
+#include "ui/tovak_output.h"
+#include "ui/tovak_wpt_txt.h"
+
+namespace {
+
+using tovak::ui::HelpWindow;
+
+struct Picture {
+  const char* name;  ///< of the file, without its ending
+  std::unique_ptr<QWidget> (*make)(const QString& helpFile);
+};
+
+std::unique_ptr<QWidget> makeHelp(const QString& helpFile, const QString& topic) {
+  auto window = std::make_unique<HelpWindow>(helpFile);
+  QString problem;
+  if (!window->open(&problem)) {
+    std::fprintf(stderr, "%s\n", qPrintable(problem));
+    return nullptr;
+  }
+  if (!topic.isEmpty()) window->showTopic(topic);
+  return window;
+}
+
+/// The selections that the pictures show: the sample on its way to state plane South.
+tovak::run::RunSettings& exampleSettings() {
+  static tovak::run::RunSettings settings = [] {
+    tovak::run::RunSettings example;
+    example.sourceFormat = tovak::run::source::CommaDelimited;
+    example.targetFormat = tovak::run::target::CommaDelimited;
+    example.TargetProjectionCode = 4;
+    example.latLongForm = tovak::text::AngleForm::DecimalDegrees;
+    example.source.fileName = "samples/control.csv";
+    example.target.fileName = "control_south.csv";
+    return example;
+  }();
+  return settings;
+}
+
+std::unique_ptr<QWidget> makeMain() {
+  static const tovak::run::EngineResult engine = tovak::run::createEngine(tovak::run::kEngineIdentifier);
+  tovak::app::WindowStart start;
+  start.settings = exampleSettings();
+  start.engine = engine.engine.get();
+  start.formatTables = tovak::formats::formatTables();
+  start.delimitedFormats = {tovak::formats::standardFormat()};
+  start.version = "1.0.0";
+  return std::make_unique<tovak::ui::frmTovak>(start);
+}
+
+std::unique_ptr<QWidget> makeOutput() {
+  auto grid = std::make_unique<tovak::ui::frmTovakOutput>();
+  grid->setDescriptions("Latitude and Longitude, NAD83 : NAD83", "State plane South, NAD83 : NAD83");
+  grid->startGrid();
+  grid->addRow("101", "Alder Bridge", {"48 56 49.01137", "-95 47 24.15930", "2503013.737", "2193223.445", "912.482"},
+               "State plane South, NAD83");
+  return grid;
+}
+
+template <typename Dialog>
+std::unique_ptr<QWidget> makeOptions() {
+  return std::make_unique<Dialog>(exampleSettings(), nullptr);
+}
+
+// One line a window. A form is made, filled with an example and given back; showing and keeping it is done below.
+constexpr Picture kPictures[] = {
+    {"main", [](const QString&) { return makeMain(); }},
+    {"keyboard",
+     [](const QString&) -> std::unique_ptr<QWidget> {
+       return std::make_unique<tovak::ui::frmTovakInput>(
+           tovak::ui::entryLabels(exampleSettings(), "Latitude and Longitude, NAD83"));
+     }},
+    {"output", [](const QString&) { return makeOutput(); }},
+    {"numbering", [](const QString&) { return makeOptions<tovak::ui::frmTovakDefPtNo>(); }},
+    {"waypoints", [](const QString&) { return makeOptions<tovak::ui::frmTovakWptTxt>(); }},
+    {"maptech", [](const QString&) { return makeOptions<tovak::ui::frmTovakMaptech>(); }},
+    {"delorme", [](const QString&) { return makeOptions<tovak::ui::frmTovakDelorme>(); }},
+    {"about", [](const QString&) -> std::unique_ptr<QWidget> { return std::make_unique<tovak::ui::frmTovakAbout>(); }},
+    {"help", [](const QString& file) { return makeHelp(file, {}); }},
+    {"help_format", [](const QString& file) { return makeHelp(file, "t-bluebook"); }},
+};
+
+QPalette darkPalette() {
+  const QColor window(45, 45, 48);
+  QPalette palette(QColor(60, 60, 64), window);
+  palette.setColor(QPalette::Base, QColor(30, 30, 32));
+  palette.setColor(QPalette::AlternateBase, QColor(52, 52, 56));
+  palette.setColor(QPalette::Link, QColor(110, 170, 255));
+  palette.setColor(QPalette::LinkVisited, QColor(180, 150, 255));
+  palette.setColor(QPalette::Highlight, QColor(45, 110, 190));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  return palette;
+}
+
+bool keep(const Picture& picture, const QString& helpFile, const QDir& folder) {
+  const std::unique_ptr<QWidget> window = picture.make(helpFile);
+  if (window == nullptr) return false;
+  window->show();
+  if (!QTest::qWaitForWindowExposed(window.get())) return false;
+  QCoreApplication::processEvents();
+  const QString file = folder.filePath(QString(picture.name) + ".png");
+  if (!window->grab().save(file)) {
+    std::fprintf(stderr, "%s cannot be written.\n", qPrintable(file));
+    return false;
+  }
+  std::printf("%s\n", qPrintable(file));
+  return true;
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  const QApplication application(count, values);
+  const QStringList arguments = QApplication::arguments();
+  if (arguments.size() < 3) {
+    std::fprintf(stderr, "tovak_screenshots HELP_FILE FOLDER [--dark]\n");
+    return 2;
+  }
+  if (arguments.contains("--dark")) QApplication::setPalette(darkPalette());
+  const QDir folder(arguments[2]);
+  if (!folder.mkpath(".")) {
+    std::fprintf(stderr, "%s cannot be made.\n", qPrintable(folder.path()));
+    return 1;
+  }
+  for (const Picture& picture : kPictures) {
+    if (!keep(picture, arguments[1], folder)) return 1;
+  }
+  return 0;
+}

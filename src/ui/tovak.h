@@ -1,0 +1,107 @@
+/// The main window: it shows the selections, hands every action to their rules, and runs the conversion.
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+#include <cstdint>
+#include <memory>
+
+#include "app/window_start.h"
+#include "selection/selections.h"
+#include "ui/help_window.h"
+#include "ui/tovak_about.h"
+#include "ui/tovak_def_pt_no.h"
+#include "ui/tovak_input.h"
+#include "ui/tovak_output.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace Ui {
+class frmTovak;
+}
+
+namespace tovak::ui {
+
+class frmTovak : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  /// `start` outlives the window; its engine is there.
+  explicit frmTovak(const app::WindowStart& start, QWidget* parent = nullptr);
+  frmTovak(const frmTovak&) = delete;
+  frmTovak& operator=(const frmTovak&) = delete;
+  ~frmTovak() override;
+
+  const selection::Selections& selections() const { return selections_; }
+
+  /// Shows the messages that the program started with.
+  void showStartMessages();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  /// The widgets that both sides have, and the selections behind them.
+  struct SideWidgets {
+    selection::Side side;
+    QComboBox* format;
+    QComboBox* layout;
+    QLineEdit* projection;
+    QLabel* system;
+    QPushButton* choose;
+    QRadioButton* english;
+    QRadioButton* metric;
+    QLineEdit* file;
+    QPushButton* browse;
+  };
+
+  void makeSides();
+  void fillLists();
+  void connectSide(const SideWidgets& side);
+  void connectOptions();
+  void connectReport();
+  void connectMenus();
+
+  void refresh();
+  void refreshSide(const SideWidgets& side);
+  void refreshOptions();
+  void refreshEnabled();
+  void showSystem(const SideWidgets& side);
+
+  void chooseSourceFormat(int index);
+  void chooseTargetFormat(int index);
+  void chooseLayout(const SideWidgets& side, int index);
+  void typeProjection(const SideWidgets& side, const QString& text);
+  void chooseSystem(const SideWidgets& side);
+  void browse(const SideWidgets& side);
+  void browseReport();
+  void takeSourceFile(const QString& name);
+  void dropFile(selection::Side side, const QString& name);
+  template <typename Dialog>
+  void openOptions();
+  void openHelp();
+
+  void execute();
+  void paintProgress(std::uint64_t records);
+  void setRunning(bool running);
+  run::SideSettings& settingsOf(selection::Side side);
+
+  const app::WindowStart& start_;
+  run::ConversionEngine& engine_;
+  selection::Selections selections_;
+  std::unique_ptr<Ui::frmTovak> form_;
+  std::array<SideWidgets, 2> sides_;
+  QString folder_;  ///< where file dialogs open
+  std::unique_ptr<HelpWindow> help_;
+  bool running_ = false;
+};
+
+}  // namespace tovak::ui

@@ -1,0 +1,89 @@
+#include "ui/tovak_input.h"
+
+#include <QLineEdit>
+
+#include "run/labels.h"
+#include "run/projection_code.h"
+#include "text/number.h"
+#include "text/strings.h"
+#include "ui/message_box.h"
+#include "ui/qt_text.h"
+#include "ui_tovak_input.h"
+
+namespace tovak::ui {
+namespace {
+
+std::string trimmed(const QLineEdit& box) {
+  return std::string(text::trimBlanks(box.text().toStdString()));
+}
+
+std::string withoutBlanks(const QLineEdit& box) {
+  return box.text().remove(QLatin1Char(' ')).toStdString();
+}
+
+double heightIn(const QLineEdit& box) {
+  return text::leadingNumber(box.text().toStdString());
+}
+
+}  // namespace
+
+EntryLabels entryLabels(const run::RunSettings& settings, const QString& systemName) {
+  const std::int16_t code = settings.SourceProjectionCode;
+  return {.latLong = run::isLatLong(code),
+          .hint = toQString(run::entryHint(settings)),
+          .heightUnit = toQString(run::unitLabels(code, settings.source.metres).coordinateLabel),
+          .source = systemName + " : " + toQString(run::datumLabel(code, settings.adjustment))};
+}
+
+frmTovakInput::frmTovakInput(const EntryLabels& labels, QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmTovakInput>()) {
+  ui_->setupUi(this);
+  setLabels(labels);
+  connect(ui_->txtLatNorthY, &QLineEdit::textChanged, this, &frmTovakInput::splitPair);
+  connect(ui_->cmdConvert, &QPushButton::clicked, this, &frmTovakInput::convert);
+  connect(ui_->cmdReturn, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+frmTovakInput::~frmTovakInput() = default;
+
+void frmTovakInput::setLabels(const EntryLabels& labels) {
+  ui_->lblLatNorthY->setText(labels.latLong ? tr("&Latitude") : tr("&North/Y"));
+  ui_->lblLongEastX->setText(labels.latLong ? tr("L&ongitude") : tr("E&ast/X"));
+  ui_->lblLatNYUnits->setText(labels.hint);
+  for (QLabel* const unit : {ui_->lblZCUnits, ui_->lblHGUnits, ui_->lblHEUnits}) unit->setText(labels.heightUnit);
+  ui_->lblInProj->setText(labels.source);
+}
+
+run::TypedTexts frmTovakInput::texts() const {
+  return {.number = trimmed(*ui_->txtPointNumber),
+          .name = trimmed(*ui_->txtPointName),
+          .northing = withoutBlanks(*ui_->txtLatNorthY),
+          .easting = withoutBlanks(*ui_->txtLongEastX),
+          .elevation = heightIn(*ui_->txtZC),
+          .geoid = heightIn(*ui_->txtHG),
+          .ellipsoid = heightIn(*ui_->txtHE)};
+}
+
+void frmTovakInput::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  ui_->txtPointNumber->setFocus();
+  ui_->txtPointNumber->selectAll();
+}
+
+/// A pasted pair fills both boxes.
+void frmTovakInput::splitPair(const QString& text) {
+  const qsizetype comma = text.indexOf(QLatin1Char(','));
+  if (comma < 0) return;
+  ui_->txtLongEastX->setText(text.mid(comma + 1));
+  ui_->txtLatNorthY->setText(text.left(comma));
+}
+
+void frmTovakInput::convert() {
+  if (const std::optional<run::Message> missing = run::missingCoordinate(texts())) {
+    showMessage(this, *missing);
+  } else {
+    accept();
+  }
+}
+
+}  // namespace tovak::ui

@@ -1,0 +1,96 @@
+#include "ui/tovak_output.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QScreen>
+#include <algorithm>
+
+#include "ui/qt_text.h"
+#include "ui_tovak_output.h"
+
+namespace tovak::ui {
+namespace {
+
+/// Room beside the texts of a column, so that neighbours stay apart.
+constexpr int kColumnGap = 10;
+
+constexpr int kRowGap = 6;
+constexpr int kLastColumn = OutputRows::kColumns - 1;
+
+}  // namespace
+
+frmTovakOutput::frmTovakOutput(QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmTovakOutput>()), mnuPopUp_(new QMenu(this)) {
+  ui_->setupUi(this);
+  resize(size().boundedTo(screen()->availableSize()));
+  QTableView* const grid = ui_->msfgOutput;
+  grid->setModel(&rows_);
+  grid->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowGap);
+  grid->addAction(ui_->mnuCopy);
+  mnuPopUp_->setObjectName("mnuPopUp");
+  mnuPopUp_->setTitle(tr("PopUp Menu"));
+  mnuPopUp_->addAction(ui_->mnuCopy);
+  connect(grid, &QTableView::customContextMenuRequested, this, &frmTovakOutput::openMenu);
+  connect(ui_->mnuCopy, &QAction::triggered, this, &frmTovakOutput::copySelection);
+  connect(grid->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          [this] { ui_->mnuCopy->setEnabled(ui_->msfgOutput->selectionModel()->hasSelection()); });
+  connect(ui_->cmdReturn, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+frmTovakOutput::~frmTovakOutput() = default;
+
+void frmTovakOutput::startGrid() {
+  rows_.clear();
+  ui_->mnuCopy->setEnabled(false);
+}
+
+void frmTovakOutput::addRow(std::string_view number, std::string_view description, const report::PointTexts& texts,
+                            std::string_view resultText) {
+  rows_.add({toQString(number), toQString(description), toQString(texts.northing), toQString(texts.easting),
+             toQString(texts.targetNorthing), toQString(texts.targetEasting), toQString(texts.elevation),
+             toQString(resultText)});
+}
+
+void frmTovakOutput::setDescriptions(const QString& source, const QString& target) {
+  ui_->lblInProj->setText(source);
+  ui_->lblOutProj->setText(target);
+}
+
+/// A point typed last is what the person wants to see.
+void frmTovakOutput::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  QTableView& grid = *ui_->msfgOutput;
+  grid.resizeColumnsToContents();
+  for (int column = 0; column < OutputRows::kColumns; ++column) {
+    grid.setColumnWidth(column, grid.columnWidth(column) + kColumnGap);
+  }
+  lastColumnWidth_ = grid.columnWidth(kLastColumn);
+  fillWidth();
+  grid.scrollToBottom();
+  grid.setFocus();
+}
+
+void frmTovakOutput::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  fillWidth();
+}
+
+/// The last column takes what the others leave of the grid, but never less than its texts need.
+void frmTovakOutput::fillWidth() {
+  QTableView& grid = *ui_->msfgOutput;
+  const int left = grid.viewport()->width() - grid.columnViewportPosition(kLastColumn);
+  grid.setColumnWidth(kLastColumn, std::max(lastColumnWidth_, left));
+}
+
+void frmTovakOutput::copySelection() {
+  QClipboard& clipboard = *QApplication::clipboard();
+  clipboard.clear();
+  clipboard.setText(copyText(*ui_->msfgOutput->selectionModel()));
+}
+
+void frmTovakOutput::openMenu(const QPoint& position) {
+  mnuPopUp_->popup(ui_->msfgOutput->viewport()->mapToGlobal(position));
+}
+
+}  // namespace tovak::ui

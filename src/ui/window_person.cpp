@@ -1,0 +1,119 @@
+#include "ui/window_person.h"
+
+#include <QApplication>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "run/labels.h"
+#include "run/projection_code.h"
+#include "ui/message_box.h"
+#include "ui/qt_text.h"
+
+namespace tovak::ui {
+namespace {
+
+/// The progress is painted at most ten times a second.
+constexpr qint64 kPaintInterval = 100;
+
+/// The ordinary pointer while a dialog of the run is open.
+template <typename Dialog>
+bool execDialog(Dialog& dialog) {
+  QApplication::setOverrideCursor(Qt::ArrowCursor);
+  const bool accepted = dialog.exec() == QDialog::Accepted;
+  QApplication::restoreOverrideCursor();
+  return accepted;
+}
+
+template <typename Dialog>
+bool execOptions(run::RunSettings& settings, QWidget& window) {
+  Dialog dialog(settings, &window);
+  return execDialog(dialog);
+}
+
+}  // namespace
+
+QString systemName(run::ConversionEngine& engine, std::int16_t code) {
+  const std::string data = engine.GetProjectionData(code);
+  return toQString(std::string_view(data).substr(0, data.find('~')));
+}
+
+WindowPerson::WindowPerson(QWidget& window, run::RunSettings& settings, run::ConversionEngine& engine,
+                           PaintProgress paintProgress)
+    : window_(window), settings_(settings), engine_(engine), paintProgress_(std::move(paintProgress)) {
+  sincePaint_.start();
+}
+
+WindowPerson::~WindowPerson() = default;
+
+void WindowPerson::show(const run::Message& message) {
+  if (message.ofOnePoint && !pointMessages_) return;
+  if (showMessage(&window_, message)) pointMessages_ = false;
+}
+
+bool WindowPerson::confirm(const run::Message& question) {
+  return askQuestion(&window_, question);
+}
+
+bool WindowPerson::chooseTargetOptions(run::TargetOptions options) {
+  switch (options) {
+    case run::TargetOptions::None:
+      return true;
+    case run::TargetOptions::DeLorme:
+      return execOptions<frmTovakDelorme>(settings_, window_);
+    case run::TargetOptions::Maptech:
+      return execOptions<frmTovakMaptech>(settings_, window_);
+    case run::TargetOptions::TrimbleWaypoints:
+      return execOptions<frmTovakWptTxt>(settings_, window_);
+  }
+  return true;
+}
+
+QString WindowPerson::sideDescription(std::int16_t code) const {
+  return systemName(engine_, code) + " : " + toQString(run::datumLabel(code, settings_.adjustment));
+}
+
+bool WindowPerson::typePoint(run::PointRecord& point) {
+  // The point typed before is seen before the next one is asked for.
+  if (std::exchange(rowsToShow_, false)) execDialog(grid());
+  if (entry_ == nullptr)
+    entry_ = std::make_unique<frmTovakInput>(
+        entryLabels(settings_, systemName(engine_, settings_.SourceProjectionCode)), &window_);
+  while (execDialog(*entry_)) {
+    const bool latLong = run::isLatLong(settings_.SourceProjectionCode);
+    const std::optional<std::string> problem =
+        run::takeTypedPoint(entry_->texts(), latLong, settings_.latLongForm, point);
+    if (!problem) return true;
+    showMessage(entry_.get(),
+                {.text = *problem, .title = entry_->windowTitle().toStdString(), .icon = run::Icon::Exclamation});
+  }
+  return false;
+}
+
+frmTovakOutput& WindowPerson::grid() {
+  if (grid_ == nullptr) {
+    grid_ = std::make_unique<frmTovakOutput>(&window_);
+    grid_->setDescriptions(sideDescription(settings_.SourceProjectionCode),
+                           sideDescription(settings_.TargetProjectionCode));
+  }
+  return *grid_;
+}
+
+void WindowPerson::showRow(const run::PointRecord& point, bool freshGrid) {
+  if (freshGrid) grid().startGrid();
+  report::makePointTexts(point, settings_, texts_);
+  grid().addRow(point.pointNumber, point.description, texts_, point.OutInfo);
+  rowsToShow_ = true;
+}
+
+void WindowPerson::showGrid() {
+  execDialog(grid());
+}
+
+void WindowPerson::progress(std::uint64_t records) {
+  if (sincePaint_.elapsed() < kPaintInterval) return;
+  sincePaint_.restart();
+  paintProgress_(records);
+}
+
+}  // namespace tovak::ui

@@ -1,0 +1,64 @@
+/// The person at the window.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QWidget>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "report/point_texts.h"
+#include "run/conversion_engine.h"
+#include "run/person.h"
+#include "run/run_settings.h"
+#include "run/typed_point.h"
+#include "ui/tovak_delorme.h"
+#include "ui/tovak_input.h"
+#include "ui/tovak_maptech.h"
+#include "ui/tovak_output.h"
+#include "ui/tovak_wpt_txt.h"
+
+namespace tovak::ui {
+
+/// "State plane South, NAD83" for a code that the engine knows, else empty.
+QString systemName(run::ConversionEngine& engine, std::int16_t code);
+
+/// Lives as long as one run.
+class WindowPerson final : public run::Person {
+ public:
+  /// Shows how many records have been read, and paints the window.
+  using PaintProgress = std::function<void(std::uint64_t records)>;
+
+  /// `settings` are those of the run.
+  WindowPerson(QWidget& window, run::RunSettings& settings, run::ConversionEngine& engine, PaintProgress paintProgress);
+  WindowPerson(const WindowPerson&) = delete;
+  WindowPerson& operator=(const WindowPerson&) = delete;
+  ~WindowPerson() override;
+
+  void show(const run::Message& message) override;
+  bool confirm(const run::Message& question) override;
+  bool leaveBatchMode() override { return true; }
+  bool chooseTargetOptions(run::TargetOptions options) override;
+  bool typePoint(run::PointRecord& point) override;
+  void showRow(const run::PointRecord& point, bool freshGrid) override;
+  void showGrid() override;
+  void progress(std::uint64_t records) override;
+
+ private:
+  QString sideDescription(std::int16_t code) const;
+  frmTovakOutput& grid();
+
+  QWidget& window_;
+  run::RunSettings& settings_;
+  run::ConversionEngine& engine_;
+  PaintProgress paintProgress_;
+  QElapsedTimer sincePaint_;
+  bool pointMessages_ = true;
+  bool rowsToShow_ = false;
+  std::unique_ptr<frmTovakInput> entry_;
+  std::unique_ptr<frmTovakOutput> grid_;
+  report::PointTexts texts_;
+};
+
+}  // namespace tovak::ui

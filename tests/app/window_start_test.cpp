@@ -1,0 +1,126 @@
+#include <sstream>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "app/program.h"
+#include "support/environment.h"
+#include "support/temporary_folder.h"
+
+namespace tovak::app {
+namespace {
+
+using tests::contentsOf;
+using tests::EnvironmentVariable;
+
+/// What the window was opened with.
+struct Opened {
+  run::RunSettings settings;
+  std::vector<run::Message> messages;
+  bool hasEngine;
+};
+
+std::vector<Opened> opened;
+bool moduleMissing = false;
+
+bool recordWindow(const WindowStart& start, std::string& reason) {
+  if (moduleMissing) reason = "TovakWindow.so: no such file";
+  if (!moduleMissing) opened.push_back({start.settings, start.messages, start.engine != nullptr});
+  return !moduleMissing;
+}
+
+class WindowStartTest : public testing::Test {
+ protected:
+  WindowStartTest() {
+    opened.clear();
+    moduleMissing = false;
+  }
+
+  ExitStatus run(const std::string& line) {
+    return runProgram(line,
+                      {.out = out, .err = err, .hasDisplay = true, .today = {2026, 11, 21}, .window = recordWindow});
+  }
+
+  const tests::TemporaryFolder folder;
+  const EnvironmentVariable appData{"APPDATA", folder.file("AppData")};
+  const EnvironmentVariable component{"TOVAKX_COMPONENT", nullptr};
+  const std::string files = folder.write("in.csv", "45.5,-93.5,A\n") + " " + folder.file("out.csv");
+  std::ostringstream out;
+  std::ostringstream err;
+};
+
+TEST_F(WindowStartTest, OpensEmptyWithTheReportOfTheDay) {
+  EXPECT_EQ(run(" "), kFinished);
+  ASSERT_EQ(opened.size(), 1U);
+  const run::RunSettings& settings = opened[0].settings;
+  EXPECT_TRUE(opened[0].messages.empty() && opened[0].hasEngine && settings.reportEnabled);
+  EXPECT_EQ(settings.reportFileName, folder.file("AppData/QrAppsData/Tovak11-21-2026.rpt"));
+  EXPECT_EQ(settings.TargetProjectionCode, 1);
+  EXPECT_EQ(err.str(), "");
+}
+
+TEST_F(WindowStartTest, OpensWithWhatTheCommandLineSays) {
+  EXPECT_EQ(run(files + " -SF2 -SP5 -TUM -A4 -Rmine.rpt"), kFinished);
+  ASSERT_EQ(opened.size(), 1U);
+  const run::RunSettings& settings = opened[0].settings;
+  EXPECT_TRUE(opened[0].messages.empty()) << "what is missing can be chosen in the window";
+  EXPECT_EQ(settings.sourceFormat, 1);
+  EXPECT_EQ(settings.SourceProjectionCode, 4);
+  EXPECT_TRUE(settings.target.metres && settings.reportEnabled);
+  EXPECT_EQ(settings.latLongForm, text::AngleForm::DecimalDegrees);
+  EXPECT_EQ(settings.reportFileName, "mine.rpt");
+  EXPECT_EQ(contentsOf(folder.file("out.csv")), "(no file)");
+}
+
+TEST_F(WindowStartTest, TurnsFromABatchRunThatMeetsAProblem) {
+  const struct {
+    const char* options;
+    const char* title;
+    const char* text;
+  } cases[] = {
+      {" -B -SF2 -SP1 -SUE -TF2 -TP5", "Command Line Error", "Target File Units Were Not Specified."},
+      {" -B -SF2 -SP1 -SUE -TF3 -TP1 -TUE", "Invalid target combination",
+       "Vesko 80 column format not valid with NAD27 or NAD83 lat/long map projection"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.options);
+    opened.clear();
+    run(files + c.options);
+    ASSERT_EQ(opened.size(), 1U);
+    ASSERT_EQ(opened[0].messages.size(), 1U);
+    EXPECT_EQ(opened[0].messages[0].title, c.title);
+    EXPECT_EQ(opened[0].messages[0].text, c.text);
+    EXPECT_EQ(opened[0].settings.BatchMode, 0);
+    EXPECT_EQ(opened[0].settings.sourceFormat, 1);
+    EXPECT_EQ(err.str(), "");
+  }
+}
+
+TEST_F(WindowStartTest, StaysOutOfABatchRunThatGoesWellOrQuietly) {
+  EXPECT_EQ(run(files + " -B -SF2 -SP1 -SUE -TF2 -TP5 -TUE -A4"), kFinished) << err.str();
+  EXPECT_EQ(run(files + " -Q -SF2 -SP1 -SUE -TF3 -TP1 -TUE"), kStoppedByMessage);
+  EXPECT_EQ(run(files + " -Q"), kCommandLineProblem);
+  EXPECT_TRUE(opened.empty());
+}
+
+TEST_F(WindowStartTest, ShowsThatTheEngineIsMissing) {
+  const EnvironmentVariable unwilling("TOVAKX_COMPONENT", TOVAK_BINARY_FOLDER "/unwilling_engine.so");
+  EXPECT_EQ(run(""), kStoppedByMessage);
+  ASSERT_EQ(opened.size(), 1U);
+  EXPECT_FALSE(opened[0].hasEngine);
+  ASSERT_EQ(opened[0].messages.size(), 1U);
+  EXPECT_EQ(opened[0].messages[0].title, "Missing Component");
+  EXPECT_EQ(opened[0].messages[0].detail, "no database");
+}
+
+TEST_F(WindowStartTest, SaysThatTheWindowIsMissing) {
+  moduleMissing = true;
+  EXPECT_EQ(run(files + " -B"), kCommandLineProblem);
+  EXPECT_NE(err.str().find("Command Line Error: Source File Units Were Not Specified."), std::string::npos);
+  EXPECT_NE(err.str().find("Missing Component: The main window could not be opened; use -B or -Q to convert without "
+                           "it.\nTovakWindow.so: no such file\n"),
+            std::string::npos);
+}
+
+}  // namespace
+}  // namespace tovak::app

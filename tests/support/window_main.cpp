@@ -1,0 +1,20 @@
+#include <QApplication>
+#include <clocale>
+#include <locale>
+
+#include <gtest/gtest.h>
+
+/// The main function of test programs with windows: they are drawn in memory, and the tests run under the locale of
+/// their environment as all others do.
+int main(int count, char** arguments) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  try {
+    std::locale::global(std::locale(""));
+  } catch (const std::runtime_error&) {
+    std::locale::global(std::locale::classic());
+  }
+  testing::InitGoogleTest(&count, arguments);
+  const QApplication application(count, arguments);
+  std::setlocale(LC_ALL, "");
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,113 @@
+#include <QRadioButton>
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "support/widgets.h"
+#include "ui/tovak_about.h"
+#include "ui/tovak_def_pt_no.h"
+#include "ui/tovak_delorme.h"
+#include "ui/tovak_input.h"
+#include "ui/tovak_maptech.h"
+#include "ui/tovak_output.h"
+#include "ui/tovak_wpt_txt.h"
+
+namespace tovak::ui {
+namespace {
+
+/// What every dialog owes to a person.
+class EveryDialog : public testing::Test {
+ protected:
+  EveryDialog() {
+    dialogs_.push_back(std::make_unique<frmTovakInput>(EntryLabels{.latLong = true}));
+    dialogs_.push_back(std::make_unique<frmTovakInput>(EntryLabels{.latLong = false}));
+    dialogs_.push_back(std::make_unique<frmTovakOutput>());
+    dialogs_.push_back(std::make_unique<frmTovakDefPtNo>(settings_));
+    dialogs_.push_back(std::make_unique<frmTovakWptTxt>(settings_));
+    dialogs_.push_back(std::make_unique<frmTovakMaptech>(settings_));
+    dialogs_.push_back(std::make_unique<frmTovakDelorme>(settings_));
+    dialogs_.push_back(std::make_unique<frmTovakAbout>());
+  }
+
+  run::RunSettings settings_;
+  std::vector<std::unique_ptr<QDialog>> dialogs_;
+};
+
+/// The controls of a dialog that a person works with; not the parts that Qt makes them of.
+std::vector<QWidget*> controlsOf(const QDialog& dialog) {
+  std::vector<QWidget*> controls;
+  for (QWidget* const widget : dialog.findChildren<QWidget*>()) {
+    const bool own = !widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_");
+    if (own && widget->focusPolicy() != Qt::NoFocus) controls.push_back(widget);
+  }
+  return controls;
+}
+
+TEST_F(EveryDialog, HasItsTitle) {
+  const std::map<std::string, std::string> titles = {
+      {"frmTovakInput", " Tovak Keyboard Coordinate Entry"},
+      {"frmTovakOutput", " Tovak Coordinate Conversion Output"},
+      {"frmTovakDefPtNo", " Default Point Numbering Setup"},
+      {"frmTovakWptTxt", " Text For Waypoints File NAME Field"},
+      {"frmTovakMaptech", " Label Symbology for Maptech Input File"},
+      {"frmTovakDelorme", " Symbology for DeLorme Import File"},
+      {"frmTovakAbout", " About Tovak"},
+  };
+  for (const auto& dialog : dialogs_) {
+    EXPECT_EQ(dialog->windowTitle().toStdString(), titles.at(dialog->objectName().toStdString()));
+  }
+}
+
+TEST_F(EveryDialog, ExplainsEachControl) {
+  for (const auto& dialog : dialogs_) {
+    for (const QWidget* const control : controlsOf(*dialog)) {
+      EXPECT_FALSE(control->toolTip().isEmpty()) << control->objectName().toStdString();
+    }
+  }
+}
+
+TEST_F(EveryDialog, GivesEachKeyToOneControl) {
+  for (const auto& dialog : dialogs_) {
+    std::map<QString, QString> owners;
+    for (const QWidget* const widget : dialog->findChildren<QWidget*>()) {
+      const QKeySequence key = QKeySequence::mnemonic(widget->property("text").toString());
+      if (key.isEmpty() || widget->inherits("QLineEdit")) continue;
+      const auto [owner, first] = owners.emplace(key.toString(), widget->objectName());
+      EXPECT_TRUE(first) << key.toString().toStdString() << " of " << widget->objectName().toStdString()
+                         << " belongs to " << owner->second.toStdString();
+    }
+  }
+}
+
+TEST_F(EveryDialog, IsReachedByTabInTheOrderOfTheEye) {
+  for (const auto& dialog : dialogs_) {
+    SCOPED_TRACE(dialog->objectName().toStdString());
+    dialog->show();
+    std::vector<QWidget*> controls = controlsOf(*dialog);
+    // The options of a group are one stop; the arrow keys go from one to the other.
+    std::erase_if(controls, [](const QWidget* control) {
+      const auto* const option = qobject_cast<const QRadioButton*>(control);
+      return option != nullptr && !option->isChecked();
+    });
+    // From one control to the next the eye goes down inside a group, or on to the right.
+    const QWidget* before = nullptr;
+    std::size_t reached = 0;
+    for (QWidget* at = dialog->nextInFocusChain(); at != dialog.get(); at = at->nextInFocusChain()) {
+      if (std::find(controls.begin(), controls.end(), at) == controls.end() || !(at->focusPolicy() & Qt::TabFocus))
+        continue;
+      ++reached;
+      const QPoint place = at->mapTo(dialog.get(), QPoint(0, 0));
+      if (before != nullptr) {
+        const QPoint last = before->mapTo(dialog.get(), QPoint(0, 0));
+        EXPECT_TRUE(place.y() > last.y() || place.x() > last.x())
+            << before->objectName().toStdString() << " comes before " << at->objectName().toStdString();
+      }
+      before = at;
+    }
+    EXPECT_EQ(reached, controls.size());
+  }
+}
+
+}  // namespace
+}  // namespace tovak::ui

@@ -1,0 +1,302 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTest>
+#include <QTreeWidget>
+
+#include <gtest/gtest.h>
+
+#include "formats/delimited/built_in_formats.h"
+#include "formats/format_tables.h"
+#include "run/format_index.h"
+#include "support/dialog_script.h"
+#include "support/scripted_engine.h"
+#include "support/temporary_folder.h"
+#include "ui/tovak.h"
+
+namespace tovak::ui {
+namespace {
+
+using tests::contentsOf;
+
+class NamingEngine final : public tests::ScriptedEngine {
+ public:
+  std::string GetProjectionData(std::int16_t code) override {
+    if (code == 0) return "Latitude and Longitude, NAD83~0";
+    if (code == 4) return "State plane South, NAD83~4";
+    if (code == 107) return "State plane South, NAD27~107";
+    return code == 1 ? "Transverse, NAD83~1" : ScriptedEngine::GetProjectionData(code);
+  }
+};
+
+class MainWindow : public testing::Test {
+ protected:
+  MainWindow() {
+    start.engine = &engine;
+    start.formatTables = formats::formatTables();
+    start.delimitedFormats = {formats::standardFormat()};
+    start.version = "1.2.3";
+    start.workingFolder = folder.path();
+  }
+
+  /// The window, with names of files and no report unless the test says otherwise.
+  frmTovak& open() {
+    window = std::make_unique<frmTovak>(start);
+    window->show();
+    return *window;
+  }
+  void presetFiles(std::string_view points) {
+    start.settings.sourceFormat = run::source::CommaDelimited;
+    start.settings.targetFormat = run::target::CommaDelimited;
+    start.settings.SourceProjectionCode = start.settings.TargetProjectionCode = 4;
+    start.settings.source.fileName = folder.write("in.csv", points);
+    start.settings.target.fileName = folder.file("out.csv");
+  }
+
+  template <typename Widget>
+  Widget& widget(const char* name) {
+    auto* const found = window->findChild<Widget*>(name);
+    EXPECT_NE(found, nullptr) << name;
+    return *found;
+  }
+  void click(const char* name) { widget<QAbstractButton>(name).click(); }
+  void choose(const char* list, int index) {
+    auto& box = widget<QComboBox>(list);
+    box.setCurrentIndex(index);
+    emit box.activated(index);
+  }
+  void type(const char* name, const char* text) {
+    auto& line = widget<QLineEdit>(name);
+    line.selectAll();
+    QTest::keyClicks(&line, text);
+  }
+  std::string text(const char* name) { return widget<QLineEdit>(name).text().toStdString(); }
+  std::string status() { return window->statusBar()->currentMessage().toStdString(); }
+
+  const tests::TemporaryFolder folder;
+  NamingEngine engine;
+  app::WindowStart start;
+  std::unique_ptr<frmTovak> window;
+  tests::DialogScript dialogs;
+};
+
+TEST_F(MainWindow, ConvertsAFileThatWasChosenAndTyped) {
+  const QString source = QString::fromStdString(folder.write("in.csv", "1,2,HILL,7,3.125\n5,6,DALE,,4.125\n"));
+  open();
+  EXPECT_EQ(window->windowTitle(), "Tovak  Version 1.2.3");
+  dialogs.expect("QFileDialog", [&](QDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Source File Name");
+    static_cast<QFileDialog&>(dialog).selectFile(source);
+    static_cast<QFileDialog&>(dialog).findChild<QLineEdit*>()->setText(source);
+    static_cast<QFileDialog&>(dialog).QDialog::done(QDialog::Accepted);
+  });
+  choose("lstSourceFormat", run::source::CommaDelimited);
+  EXPECT_EQ(text("txtSourceFile"), source.toStdString());
+  dialogs.expect("QFileDialog", [](QDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Target File Name");
+    dialog.reject();
+  });
+  choose("lstTargetFormat", run::target::CommaDelimited);
+  EXPECT_TRUE(dialogs.finished());
+  type("txtTargetFile", folder.file("out.csv").c_str());
+  type("txtSourceProjection", "4");
+  type("txtTargetProjection", "107m");
+  EXPECT_EQ(widget<QLabel>("lblTargetSystem").text(), "State plane South, NAD27");
+  EXPECT_TRUE(widget<QRadioButton>("btnTargetMetric").isChecked());
+  click("adj11btn");
+  if (!widget<QCheckBox>("ChkSuppress").isChecked()) click("ChkSuppress");
+  click("cmdExecute");
+
+  EXPECT_EQ(contentsOf(folder.file("out.csv")),
+            "$Tovak#107M$ NAD27  (Meters)\n2.000,4.000,HILL,7,6.125,,,\n6.000,8.000,DALE,1,7.125,,,\n");
+  ASSERT_EQ(dialogs.boxes.size(), 2U);
+  EXPECT_EQ(dialogs.boxes[0].title, "Warning");
+  EXPECT_EQ(dialogs.boxes[1].text, "Output File Written");
+  EXPECT_EQ(engine.calls[0].source, "4");
+  EXPECT_EQ(text("txtNextNumber"), "2");
+  EXPECT_EQ(status(), "2 records read: 2 converted, 0 skipped, 0 passed over");
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(MainWindow, ShowsNoFurtherErrorsOnceAskedTo) {
+  presetFiles("1,2,A\n3,4,B\n5,6,C\n7,8,D\n");
+  engine.refusals = {{1, 7}, {3, 7}, {5, 7}};
+  open();
+  dialogs.expect("QMessageBox", [](QDialog& box) { box.accept(); });
+  dialogs.expect("QMessageBox", [](QDialog& box) {
+    static_cast<QMessageBox&>(box).checkBox()->setChecked(true);
+    box.accept();
+  });
+  click("cmdExecute");
+  ASSERT_EQ(dialogs.boxes.size(), 3U);
+  EXPECT_EQ(dialogs.boxes[0].title, "TovakX Conversion Error");
+  EXPECT_EQ(dialogs.boxes[0].text, "refused with 7");
+  EXPECT_EQ(dialogs.boxes[1].detail, "line 2 of " + folder.file("in.csv"));
+  EXPECT_TRUE(dialogs.boxes[1].offersToStop);
+  EXPECT_EQ(dialogs.boxes[2].text, "Output File Written");
+  EXPECT_FALSE(dialogs.boxes[2].offersToStop);
+  EXPECT_NE(status().find("1 converted, 3 skipped"), std::string::npos) << status();
+
+  // Another run shows them again.
+  click("cmdExecute");
+  EXPECT_EQ(dialogs.boxes.size(), 7U);
+}
+
+TEST_F(MainWindow, RestoresThePointerWhenAMessageStopsTheRun) {
+  presetFiles("1,2,A\n");
+  start.settings.target.fileName = start.settings.source.fileName;
+  open();
+  click("cmdExecute");
+  ASSERT_EQ(dialogs.boxes.size(), 1U);
+  EXPECT_EQ(dialogs.boxes[0].title, "Conflicting file names");
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  EXPECT_TRUE(widget<QPushButton>("cmdExecute").isEnabled());
+  EXPECT_EQ(contentsOf(folder.file("in.csv")), "1,2,A\n");
+}
+
+TEST_F(MainWindow, StopsWhenTheOptionsDialogIsCancelled) {
+  // The waypoint writer stands in for formats that cannot be written yet.
+  std::vector<run::TargetFormat> targets(start.formatTables.targets.begin(), start.formatTables.targets.end());
+  targets[run::target::TrimbleWaypoints].makeWriter = targets[run::target::CommaDelimited].makeWriter;
+  start.formatTables.targets = targets;
+  presetFiles("1,2,A\n");
+  start.settings.targetFormat = run::target::TrimbleWaypoints;
+  open();
+  dialogs.expect("frmTovakWptTxt", [](QDialog& dialog) { dialog.reject(); });
+  click("cmdExecute");
+  EXPECT_TRUE(dialogs.finished());
+  EXPECT_TRUE(dialogs.boxes.empty());
+  EXPECT_EQ(contentsOf(folder.file("out.csv")), "(no file)");
+  dialogs.expect("frmTovakWptTxt", [](QDialog& dialog) { dialog.accept(); });
+  click("cmdExecute");
+  EXPECT_NE(contentsOf(folder.file("out.csv")), "(no file)");
+}
+
+TEST_F(MainWindow, ConvertsTypedPointsOneByOne) {
+  start.settings.SourceProjectionCode = start.settings.TargetProjectionCode = 4;
+  start.settings.reportEnabled = true;
+  start.settings.reportFileName = folder.file("day.rpt");
+  open();
+  dialogs.expect("frmTovakInput", [](QDialog& dialog) {
+    dialog.findChild<QLineEdit*>("txtLatNorthY")->setText("a hill");
+    dialog.findChild<QLineEdit*>("txtLongEastX")->setText("6");
+    dialog.findChild<QPushButton*>("cmdConvert")->click();
+  });
+  dialogs.expect("QMessageBox", [](QDialog& box) { box.accept(); });
+  dialogs.expect("frmTovakInput", [](QDialog& dialog) {
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("txtLatNorthY")->text(), "a hill");
+    dialog.findChild<QLineEdit*>("txtLatNorthY")->setText("5");
+    dialog.findChild<QPushButton*>("cmdConvert")->click();
+  });
+  dialogs.expect("frmTovakOutput", [](QDialog& dialog) {
+    const QAbstractItemModel& rows = *dialog.findChild<QTableView*>("msfgOutput")->model();
+    ASSERT_EQ(rows.rowCount(), 1);
+    EXPECT_EQ(rows.index(0, 4).data().toString(), "6.000");
+    dialog.accept();
+  });
+  dialogs.expect("frmTovakInput", [](QDialog& dialog) { dialog.reject(); });
+  click("cmdExecute");
+  EXPECT_TRUE(dialogs.finished());
+  ASSERT_EQ(dialogs.boxes.size(), 1U);
+  EXPECT_EQ(dialogs.boxes[0].title, " Tovak Keyboard Coordinate Entry");
+}
+
+TEST_F(MainWindow, FollowsTheRulesOfTheSelections) {
+  start.settings.source.fileName = start.settings.target.fileName = "named";
+  open();
+  choose("lstTargetFormat", run::target::KrvBatch);
+  EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentIndex(), run::source::KrvBatch);
+  EXPECT_FALSE(widget<QLineEdit>("txtSourceProjection").isEnabled());
+  EXPECT_TRUE(widget<QLineEdit>("txtSourceProjection").isVisible());
+  choose("lstSourceFormat", run::source::GeodeticsSpecial);
+  EXPECT_EQ(widget<QComboBox>("lstTargetFormat").currentIndex(), run::target::GeodeticsSpecial);
+  EXPECT_TRUE(widget<QRadioButton>("btnTargetMetric").isChecked());
+
+  choose("lstSourceFormat", run::source::GeodeticCsv);
+  EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentIndex(), run::source::Keyboard);
+  EXPECT_EQ(status(), "No file of the geodetic database was found.");
+  EXPECT_FALSE(widget<QLineEdit>("txtSourceFile").isEnabled());
+
+  type("txtSourceProjection", "50");
+  EXPECT_EQ(widget<QLabel>("lblSourceSystem").text(), "unknown projection");
+  EXPECT_NE(widget<QLabel>("lblSourceSystem").palette(), window->palette());
+  EXPECT_FALSE(widget<QWidget>("frameLLfmt").isEnabled());
+  click("btnSourceMetric");
+  EXPECT_EQ(text("txtSourceProjection"), "50M");
+  type("txtSourceProjection", "0m");
+  EXPECT_EQ(widget<QLineEdit>("txtSourceProjection").cursorPosition(), 1) << "before the mark of metres";
+  EXPECT_TRUE(widget<QWidget>("frameLLfmt").isEnabled());
+}
+
+TEST_F(MainWindow, FindsASystemByItsName) {
+  open();
+  dialogs.expect("frmTovakSystems", [](QDialog& list) {
+    EXPECT_EQ(list.findChild<QTreeWidget*>()->topLevelItemCount(), 4);
+    QTest::keyClicks(list.findChild<QLineEdit*>(), "nad27 south");
+    QTest::keyClick(list.findChild<QLineEdit*>(), Qt::Key_Return);
+  });
+  click("cmdTargetChoose");
+  EXPECT_TRUE(dialogs.finished());
+  EXPECT_EQ(text("txtTargetProjection"), "107");
+}
+
+TEST_F(MainWindow, TakesWhatADroppedFileSaysOfItself) {
+  QMimeData data;
+  const std::string name = folder.write("own.csv", "$Tovak#4M-1996$ NAD83(1996)  (Meters)\n1,2\n");
+  data.setUrls({QUrl::fromLocalFile(QString::fromStdString(name))});
+  // The keyboard's file box is disabled: the window takes the file.
+  for (const char* const format : {"Keyboard", "Sdms"}) {
+    SCOPED_TRACE(format);
+    start.settings.sourceFormat = format == std::string("Sdms") ? run::source::Sdms : run::source::Keyboard;
+    open();
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget<QLineEdit>("txtSourceFile"), &enter);
+    QApplication::sendEvent(&widget<QLineEdit>("txtSourceFile"), &drop);
+    EXPECT_EQ(text("txtSourceFile"), name);
+    EXPECT_EQ(text("txtSourceProjection"), "4M");
+    EXPECT_TRUE(widget<QRadioButton>("adj96btn").isChecked());
+  }
+}
+
+TEST_F(MainWindow, ShowsWhatTheProgramHasToSayAtItsStart) {
+  start.messages = {{.text = "Source File Was Not Specified.", .title = "Command Line Error"}};
+  open().showStartMessages();
+  ASSERT_EQ(dialogs.boxes.size(), 1U);
+  EXPECT_EQ(dialogs.boxes[0].title, "Command Line Error");
+}
+
+TEST_F(MainWindow, ExplainsEveryControlAndGivesEachItsOwnKey) {
+  open();
+  std::map<QChar, std::string> keys;
+  for (QWidget* const part : window->findChildren<QWidget*>()) {
+    QString shown;
+    if (auto* const button = qobject_cast<QAbstractButton*>(part)) shown = button->text();
+    if (auto* const label = qobject_cast<QLabel*>(part)) shown = label->text();
+    if (auto* const menu = qobject_cast<QMenu*>(part)) shown = menu->title();
+    const std::string name = part->objectName().toStdString();
+    const qsizetype mark = shown.indexOf('&');
+    if (mark >= 0) {
+      const QChar key = shown[mark + 1].toUpper();
+      EXPECT_TRUE(keys.emplace(key, name).second) << name << " and " << keys[key];
+    }
+    const bool ours = !name.empty() && !name.starts_with("qt_") && part->focusPolicy() != Qt::NoFocus &&
+                      qobject_cast<QMenuBar*>(part) == nullptr;
+    if (ours) {
+      EXPECT_FALSE(part->toolTip().isEmpty()) << name;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tovak::ui
