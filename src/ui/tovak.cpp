@@ -374,7 +374,10 @@ void frmTovak::execute() {
   setRunning(false);
   selection::takeBack(selections_, settings);
   refresh();
-  if (recordsRead(result.counts) > 0) statusBar()->showMessage(toQString(app::accountLine(result.counts)));
+  if (recordsRead(result.counts) == 0) return;
+  QString account = toQString(app::accountLine(result.counts));
+  if (settings.reportEnabled) account += tr("  No report was written: reports are not available yet.");
+  statusBar()->showMessage(account);
 }
 
 void frmTovak::paintProgress(std::uint64_t records) {
