@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <iomanip>
+#include <locale>
 #include <span>
 #include <sstream>
 #include <string>
@@ -29,6 +30,7 @@ using Show = std::string (*)(const run::PointRecord&);
 template <typename... Values>
 std::string row(const Values&... values) {
   std::ostringstream out;
+  out.imbue(std::locale::classic());  // the tests set the global one to that of their environment
   out << std::setprecision(15);
   const char* separator = "";
   ((out << std::exchange(separator, "|") << values), ...);
