@@ -7,6 +7,7 @@
 #include <span>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include <gtest/gtest.h>
@@ -117,7 +118,7 @@ inline void expectFields(MakeReader make, std::int16_t code, const std::string& 
 /// A line that is cut off counts as if padded with blanks, and nothing behind column 80 counts.
 inline void expectSameWhenPadded(MakeReader make, const std::string& before, const std::string& line,
                                  const run::RunSettings& settings) {
-  for (std::size_t length = 10; length <= 80; length += 2) {
+  for (std::size_t length = 1; length <= 80; ++length) {
     const std::string cut = before + line.substr(0, length);
     const std::string padded = cut + std::string(80 - length, ' ') + "OBLIQUE beyond";
     EXPECT_EQ(readFile(make, cut, settings, columnFields).points,
@@ -134,7 +135,8 @@ inline void expectToSurviveDamage(MakeReader make, const std::string& bytes, con
   for (int i = 0; i < 100; ++i) {
     std::string damaged = bytes;
     for (std::size_t edits = random(9); edits > 0; --edits) {
-      constexpr std::string_view kOdd("0123456789.,;\"- +eE~*:\n\r\t\0\xFF$x", 32);
+      using namespace std::string_view_literals;
+      constexpr std::string_view kOdd = "0123456789.,;\"- +eE~*:\n\r\t\0\xFF$x"sv;
       damaged[random(damaged.size())] = kOdd[random(kOdd.size())];
     }
     if (i % 4 == 1) damaged.resize(random(damaged.size()));
