@@ -15,12 +15,7 @@ void makeAngle(std::string& out, double degrees, text::AngleForm form) {
     text::appendFixed(out, degrees, kDegreeDecimals);
     return;
   }
-  const text::SplitAngle angle = text::splitAngle(degrees);
-  text::appendDegrees(out, angle);
-  out += ' ';
-  text::appendMinutes(out, angle);
-  out += ' ';
-  text::appendSeconds(out, angle);
+  text::appendSpacedAngle(out, degrees);
 }
 
 void makeLength(std::string& out, double length, int accuracy) {

@@ -105,4 +105,20 @@ void appendSeconds(std::string& out, const SplitAngle& angle) {
   appendSecondsFraction(out, angle);
 }
 
+void appendPackedAngle(std::string& out, double decimalDegrees) {
+  const SplitAngle angle = splitAngle(decimalDegrees);
+  appendDegrees(out, angle);
+  appendMinutes(out, angle);
+  appendSeconds(out, angle);
+}
+
+void appendSpacedAngle(std::string& out, double decimalDegrees) {
+  const SplitAngle angle = splitAngle(decimalDegrees);
+  appendDegrees(out, angle);
+  out += ' ';
+  appendMinutes(out, angle);
+  out += ' ';
+  appendSeconds(out, angle);
+}
+
 }  // namespace tovak::text

@@ -41,4 +41,9 @@ void appendSecondsFraction(std::string& out, const SplitAngle& angle);
 /// Two digits, ".", five decimals.
 void appendSeconds(std::string& out, const SplitAngle& angle);
 
+/// The whole angle as DDMMSS.sssss.
+void appendPackedAngle(std::string& out, double decimalDegrees);
+/// The whole angle as DD MM SS.sssss.
+void appendSpacedAngle(std::string& out, double decimalDegrees);
+
 }  // namespace tovak::text

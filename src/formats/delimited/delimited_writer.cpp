@@ -20,13 +20,6 @@ namespace {
 constexpr std::string_view kWayPointsDatumLine = "Datum,North America 1983,GRS 80,0,-1.6E-7,0,0,0";
 constexpr std::string_view kWayPointsHead = "WP,DMS,";
 
-void appendPacked(std::string& out, double angle) {
-  const text::SplitAngle split = text::splitAngle(angle);
-  text::appendDegrees(out, split);
-  text::appendMinutes(out, split);
-  text::appendSeconds(out, split);
-}
-
 void appendPackedBehindPoint(std::string& out, double angle) {
   const text::SplitAngle split = text::splitAngle(angle);
   text::appendDegrees(out, split);
@@ -36,23 +29,14 @@ void appendPackedBehindPoint(std::string& out, double angle) {
   text::appendSecondsFraction(out, split);
 }
 
-void appendSpaced(std::string& out, double angle) {
-  const text::SplitAngle split = text::splitAngle(angle);
-  text::appendDegrees(out, split);
-  out += ' ';
-  text::appendMinutes(out, split);
-  out += ' ';
-  text::appendSeconds(out, split);
-}
-
 void appendDecimalDegrees(std::string& out, double angle) {
   text::appendFixed(out, angle, 7);
 }
 
 using AngleAppender = void (*)(std::string&, double);
 /// By `latLongFormat`.
-constexpr std::array<AngleAppender, 4> kAngleAppenders = {appendPacked, appendPackedBehindPoint, appendSpaced,
-                                                          appendDecimalDegrees};
+constexpr std::array<AngleAppender, 4> kAngleAppenders = {text::appendPackedAngle, appendPackedBehindPoint,
+                                                          text::appendSpacedAngle, appendDecimalDegrees};
 
 AngleAppender angleAppender(std::uint8_t latLongFormat) {
   return latLongFormat < kAngleAppenders.size() ? kAngleAppenders[latLongFormat] : kAngleAppenders[0];

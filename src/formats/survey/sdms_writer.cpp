@@ -67,13 +67,6 @@ void appendStation(std::string& out, double value, const Stationing& form) {
   out.insert(firstDigit + std::max(digits, leastDigits) - form.digitsBehindPlus, 1, '+');
 }
 
-void appendPackedAngle(std::string& out, double degrees) {
-  const text::SplitAngle angle = text::splitAngle(degrees);
-  text::appendDegrees(out, angle);
-  text::appendMinutes(out, angle);
-  text::appendSeconds(out, angle);
-}
-
 class SdmsWriter final : public run::PointWriter {
  public:
   explicit SdmsWriter(const run::TargetContext& context)
@@ -140,7 +133,7 @@ class SdmsWriter final : public run::PointWriter {
 
   void putAngle(std::string_view tag, double degrees) {
     section_ += tag;
-    appendPackedAngle(section_, degrees);
+    text::appendPackedAngle(section_, degrees);
     endLine();
   }
 
