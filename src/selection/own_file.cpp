@@ -19,16 +19,21 @@ using run::Adjustment;
 
 constexpr std::string_view kIdentification = "$Tovak#";
 
-struct Twins {
-  std::int16_t nad83;
-  std::int16_t nad27;
+/// A run of codes on NAD83, and the distance to their twins on NAD27.
+struct TwinCodes {
+  std::int16_t first;
+  std::int16_t last;
+  std::int16_t distance;
 };
 
-constexpr Twins kTwins[] = {{0, 103}, {1, 104}, {2, 105}, {3, 106}, {4, 107}, {266, 264}, {267, 265}};
+// UTM's neighbouring zones were added behind all others, and the other way round.
+constexpr TwinCodes kTwinCodes[] = {{0, 102, 103}, {266, 267, -2}};
 
 std::int16_t twinOn(bool nad27, std::int16_t code) {
-  for (const Twins& twins : kTwins) {
-    if (code == twins.nad83 || code == twins.nad27) return nad27 ? twins.nad27 : twins.nad83;
+  for (const TwinCodes& twins : kTwinCodes) {
+    const int onNad83 = run::isNad27(code) ? code - twins.distance : code;
+    if (onNad83 < twins.first || onNad83 > twins.last) continue;
+    return static_cast<std::int16_t>(nad27 ? onNad83 + twins.distance : onNad83);
   }
   return code;
 }

@@ -14,6 +14,7 @@
 #include "run/engine_loader.h"
 #include "run/format_index.h"
 #include "ui/help_window.h"
+#include "ui/system_list.h"
 #include "ui/tovak.h"
 #include "ui/tovak_about.h"
 #include "ui/tovak_def_pt_no.h"
@@ -58,11 +59,15 @@ tovak::run::RunSettings& exampleSettings() {
   return settings;
 }
 
+tovak::run::ConversionEngine* engine() {
+  static const tovak::run::EngineResult result = tovak::run::createEngine(tovak::run::kEngineIdentifier);
+  return result.engine.get();
+}
+
 std::unique_ptr<QWidget> makeMain() {
-  static const tovak::run::EngineResult engine = tovak::run::createEngine(tovak::run::kEngineIdentifier);
   tovak::app::WindowStart start;
   start.settings = exampleSettings();
-  start.engine = engine.engine.get();
+  start.engine = engine();
   start.formatTables = tovak::formats::formatTables();
   start.delimitedFormats = {tovak::formats::standardFormat()};
   start.version = "1.0.0";
@@ -86,6 +91,10 @@ std::unique_ptr<QWidget> makeOptions() {
 // One line a window. A form is made, filled with an example and given back; showing and keeping it is done below.
 constexpr Picture kPictures[] = {
     {"main", [](const QString&) { return makeMain(); }},
+    {"systems",
+     [](const QString&) -> std::unique_ptr<QWidget> {
+       return std::make_unique<tovak::ui::frmTovakSystems>(*engine(), exampleSettings().TargetProjectionCode, nullptr);
+     }},
     {"keyboard",
      [](const QString&) -> std::unique_ptr<QWidget> {
        return std::make_unique<tovak::ui::frmTovakInput>(

@@ -232,6 +232,7 @@ void frmTovak::refreshOptions() {
   f.lstAccuracy->setCurrentIndex(settings.accuracy);
   (settings.verticalDatum == run::VerticalDatum::Navd88 ? f.btnNavd88 : f.btnNgvd29)->setChecked(true);
   f.txtNextNumber->setText(QString::number(settings.NextPointNumber));
+  f.txtIncrement->setText(QString::number(settings.PointNumberIncrement));
   f.chkAllowBlank->setChecked(settings.allowBlankPointNumbers);
   f.ChkSuppress->setChecked(!settings.reportEnabled);
   (settings.appendReport ? f.btnAppend : f.btnOverwrite)->setChecked(true);
@@ -257,6 +258,7 @@ void frmTovak::refreshEnabled() {
       {f.frameVertical, enabled.ordinaryOptions},
       {f.frameNumbering, enabled.ordinaryOptions},
       {f.txtNextNumber, enabled.nextNumber},
+      {f.txtIncrement, enabled.nextNumber},
       {f.cmdNumbering, enabled.nextNumber},
       {f.ChkSuppress, enabled.ordinaryOptions},
       {f.frameReport, enabled.report},

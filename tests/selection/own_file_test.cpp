@@ -29,7 +29,11 @@ TEST(OwnFile, PresetsTheSource) {
       {"$Tovak#4$ NAD27  (Feet)", "107", Adjustment::Nad83_1996},
       {"$Tovak#266$ NAD27  (Feet)", "264", Adjustment::Nad83_1996},
       {"$Tovak#265$ NAD83(2007)  (Feet)", "267", Adjustment::Nad83_2007},
-      {"$Tovak#50$ NAD27  (Feet)", "50", Adjustment::Nad83_1996},
+      {"$Tovak#50$ NAD27  (Feet)", "153", Adjustment::Nad83_1996},
+      {"$Tovak#205$ NAD83  (Feet)", "102", Adjustment::None},
+      // Codes without a twin.
+      {"$Tovak#206$ NAD83  (Feet)", "206", Adjustment::None},
+      {"$Tovak#268$ NAD27  (Feet)", "268", Adjustment::Nad83_1996},
       {"$Tovak#103$ WGS84  (Feet)", "103", Adjustment::Nad83_1996},
       // No identification line.
       {"Tovak#4$ NAD83  (Feet)", "2M", Adjustment::Nad83_1996},

@@ -123,7 +123,7 @@ TEST_F(MainWindow, ConvertsAFileThatWasChosenAndTyped) {
   EXPECT_EQ(dialogs.boxes[0].title, "Warning");
   EXPECT_EQ(dialogs.boxes[1].text, "Output File Written");
   EXPECT_EQ(engine.calls[0].source, "4");
-  EXPECT_EQ(text("txtNextNumber"), "2");
+  EXPECT_EQ(text("txtNextNumber") + " by " + text("txtIncrement"), "2 by 1");
   EXPECT_EQ(status(), "2 records read: 2 converted, 0 skipped, 0 passed over");
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
