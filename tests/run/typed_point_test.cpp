@@ -37,26 +37,6 @@ TEST(EntryHint, TellsHowCoordinatesAreTyped) {
   }
 }
 
-TEST(MissingCoordinate, AsksForTheFirstEmptyBox) {
-  const struct {
-    const char* northing;
-    const char* easting;
-    const char* text;
-    const char* focus;
-  } cases[] = {
-      {"", "", "Please enter a latitude or northing/Y value.", "txtLatNorthY"},
-      {"", "5", "Please enter a latitude or northing/Y value.", "txtLatNorthY"},
-      {"5", "", "Please enter a longitude or easting/X value.", "txtLongEastX"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.text);
-    const std::optional<Message> message = missingCoordinate({.northing = c.northing, .easting = c.easting});
-    const Message expected = {c.text, "Data entry error", Icon::Exclamation, c.focus};
-    EXPECT_EQ(message, expected);
-  }
-  EXPECT_EQ(missingCoordinate({.northing = "x", .easting = "y"}), std::nullopt);
-}
-
 TEST(TypedPoint, TakesOnlyWholeTextsThatAreCoordinates) {
   constexpr AngleForm kS = AngleForm::DegreesMinutesSeconds;
   constexpr AngleForm kD = AngleForm::DecimalDegrees;
