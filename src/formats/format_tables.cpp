@@ -5,6 +5,10 @@
 #include "formats/delimited/built_in_formats.h"
 #include "formats/delimited/delimited_reader.h"
 #include "formats/delimited/delimited_writer.h"
+#include "formats/gps/coords_log_reader.h"
+#include "formats/gps/delorme_writer.h"
+#include "formats/gps/maptech_writer.h"
+#include "formats/gps/trimble_waypoint_writer.h"
 #include "formats/survey/blue_book_reader.h"
 #include "formats/survey/blue_book_writer.h"
 #include "formats/survey/eighty_column_reader.h"
@@ -31,8 +35,10 @@ constexpr std::array<SourceFormat, 14> kSources = {{
     {.name = "Vesko 80 Column File", .makeReader = makeEightyColumnReader},
     {.name = "NGS Blue Book File", .makeReader = makeBlueBookReader, .packedAngles = true},
     {.name = "SDMS File", .makeReader = makeSdmsReader, .packedAngles = true},
-    {.name = "Trimble Coords.log File  (Trimble PN)", .packedAngles = true},
-    {.name = "Trimble Coords.log File  (PN in PD)", .packedAngles = true},
+    {.name = "Trimble Coords.log File  (Trimble PN)", .makeReader = makeCoordsLogReader, .packedAngles = true},
+    {.name = "Trimble Coords.log File  (PN in PD)",
+     .makeReader = makeCoordsLogNumberInDescriptionReader,
+     .packedAngles = true},
     {.name = "Geopak Print Points File", .makeReader = makeGeopakReader},
     {.name = "Geodetics Special", .kind = SourceKind::AgencyRun},
     {.name = "KRV Batch Input File", .kind = SourceKind::AgencyRun},
@@ -50,14 +56,22 @@ constexpr std::array<TargetFormat, 16> kTargets = {{
     {.name = "Vesko 80 Column File", .makeWriter = makeEightyColumnWriter},
     {.name = "NGS Blue Book File", .makeWriter = makeBlueBookWriter},
     {.name = "SDMS File", .makeWriter = makeSdmsWriter, .takesOtherLines = true},
-    {.name = "Trimble Waypoints File", .options = TargetOptions::TrimbleWaypoints},
-    {.name = "DeLorme Import File", .forcesLatLong = true, .options = TargetOptions::DeLorme},
+    {.name = "Trimble Waypoints File",
+     .makeWriter = makeTrimbleWaypointWriter,
+     .options = TargetOptions::TrimbleWaypoints},
+    {.name = "DeLorme Import File",
+     .makeWriter = makeDelormeWriter,
+     .forcesLatLong = true,
+     .options = TargetOptions::DeLorme},
     {.name = "Geodimeter Raw Control File", .makeWriter = makeGeodimeterControlWriter},
     {.name = "Geodimeter Raw Alignment File", .makeWriter = makeGeodimeterAlignmentWriter},
     {.name = "Geodetics Special", .kind = TargetKind::AgencyRun},
     {.name = "KRV Batch Output File", .kind = TargetKind::AgencyRun},
     {.name = "LMO Batch Output File", .kind = TargetKind::AgencyRun},
-    {.name = "Maptech Export File (*.MXF)", .forcesLatLong = true, .options = TargetOptions::Maptech},
+    {.name = "Maptech Export File (*.MXF)",
+     .makeWriter = makeMaptechWriter,
+     .forcesLatLong = true,
+     .options = TargetOptions::Maptech},
     {.name = "WayPoints+ Format (to Garmin)",
      .makeWriter = makeWayPointsPlusWriter,
      .prepare = prepareWayPointsPlusTarget,

@@ -23,8 +23,8 @@ bool targetIs(const Settings& s, target::Index format) {
   return s.targetFormat == format;
 }
 
-const std::array<CombinationRule, 15>& rules() {
-  static const std::array<CombinationRule, 15> kRules = {{
+const std::array<CombinationRule, 16>& rules() {
+  static const std::array<CombinationRule, 16> kRules = {{
       {[](const Settings& s) {
          return s.SourceProjectionCode == kUserDefinedProject && s.TargetProjectionCode == kUserDefinedProject;
        },
@@ -74,6 +74,11 @@ const std::array<CombinationRule, 15>& rules() {
       {[](const Settings& s) { return targetIs(s, target::GeodimeterControl) && isLatLong(s.TargetProjectionCode); },
        {"Geodimeter Raw format not valid with NAD27 or NAD83 lat/long map projection", "Invalid target combination",
         Icon::Exclamation}},
+      {[](const Settings& s) {
+         return (targetIs(s, target::DeLorme) || targetIs(s, target::Maptech)) &&
+                s.TargetProjectionCode != kLatLongNad83;
+       },
+       {"This format holds NAD83 latitude and longitude only.", "Invalid target combination", Icon::Exclamation}},
   }};
   return kRules;
 }

@@ -45,13 +45,15 @@ Message finished() {
   return {"Output File Written", "Finished", Icon::Information};
 }
 
+std::string lineOfFile(std::uint64_t line, const std::string& fileName) {
+  std::string where = "line ";
+  text::appendWhole(where, static_cast<std::int64_t>(line));
+  return where + " of " + fileName;
+}
+
 Message pointRefused(const std::string& reason, const std::string& fileName, std::uint64_t line) {
   Message message = {.text = reason, .title = "TovakX Conversion Error", .icon = Icon::None, .ofOnePoint = true};
-  if (!fileName.empty()) {
-    message.detail = "line ";
-    text::appendWhole(message.detail, static_cast<std::int64_t>(line));
-    message.detail += " of " + fileName;
-  }
+  if (!fileName.empty()) message.detail = lineOfFile(line, fileName);
   return message;
 }
 

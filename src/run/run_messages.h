@@ -17,6 +17,9 @@ Message crossingDatums();
 Message changeFileName();
 Message finished();
 
+/// Where in a file something is: "line 7 of points.csv".
+std::string lineOfFile(std::uint64_t line, const std::string& fileName);
+
 /// The engine's reason for refusing a point, with the point's line and file; a typed point has no file.
 Message pointRefused(const std::string& reason, const std::string& fileName, std::uint64_t line);
 

@@ -121,4 +121,8 @@ void appendSpacedAngle(std::string& out, double decimalDegrees) {
   appendSeconds(out, angle);
 }
 
+void appendDecimalDegrees(std::string& out, double decimalDegrees) {
+  appendFixed(out, decimalDegrees, 7);
+}
+
 }  // namespace tovak::text

@@ -45,5 +45,7 @@ void appendSeconds(std::string& out, const SplitAngle& angle);
 void appendPackedAngle(std::string& out, double decimalDegrees);
 /// The whole angle as DD MM SS.sssss.
 void appendSpacedAngle(std::string& out, double decimalDegrees);
+/// The whole angle as DD.ddddddd.
+void appendDecimalDegrees(std::string& out, double decimalDegrees);
 
 }  // namespace tovak::text

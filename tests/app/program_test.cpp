@@ -56,7 +56,8 @@ TEST_F(Program, TellsHowARunEnded) {
        "3; 1 with a zero coordinate, first in line 2; 1 comment, first in line 1)\n"},
       {point, "-Q -TF4 -TP3", kStoppedByMessage,
        "Batch Mode Error: Units must be meters in NGS Blue Book files containing state plane coordinates.\n"},
-      {point, "-B -SF6 -SP1", kStoppedByMessage, "Batch Mode Error: This format is not available yet.\n"},
+      {point, "-B -SF6 -SP1", kStoppedByMessage,
+       "Batch Mode Error: This Trimble Coords.log file does not contain valid coordinates.  Please correct this.\n"},
       {point, "-Q -SP270", kCommandLineProblem, "Command Line Error: Improper Source Projection Was Specified.\n"}};
   for (const auto& [points, options, status, said] : cases) {
     folder.write("out.csv", "old");

@@ -5,33 +5,42 @@ namespace tovak::formats {
 namespace {
 
 struct Route {
-  std::int16_t format;
+  std::int16_t source;
+  std::int16_t target;
   std::int16_t sourceCode;
   std::int16_t targetCode;
   std::string_view line;  ///< one point of the source
+  std::string_view head = {};
 };
 
 constexpr std::string_view kDelimited =
     "45 12 34.56789,-93.123456789,A description that outgrows any short string,,812.345,-27.123,0,a long rest\n";
 constexpr Route kRoutes[] = {
-    {run::source::CommaDelimited, 0, 4, kDelimited},
-    {run::source::CommaDelimited, 4, 0, kDelimited},
-    {run::source::Vesko80Column, 4, 4,
+    {run::source::CommaDelimited, run::target::CommaDelimited, 0, 4, kDelimited},
+    {run::source::CommaDelimited, run::target::CommaDelimited, 4, 0, kDelimited},
+    {run::source::Vesko80Column, run::target::Vesko80Column, 4, 4,
      "0104A description of 30 characters2523 47.767907553.363BM 812.345 MONQRDT23CXXXX\n"},
-    {run::source::Vesko80Column, 4, 4,
+    {run::source::Vesko80Column, run::target::Vesko80Column, 4, 4,
      "0002TR 12   0+412.350 R 350.000    769561.004276777.865PISC             L12 12  \n"},
-    {run::source::BlueBook, 0, 0,
+    {run::source::BlueBook, run::target::BlueBook, 0, 0,
      "000010*80*0001ALDER BRIDGE                  48564901137N095472415930W 91248BQR23\n"
      "000035*86*X003  0912482G12 88NGS    -27100    0885382    REMARK OF 17 COL    \n"},
-    {run::source::Sdms, 4, 4,
+    {run::source::Sdms, run::target::Sdms, 4, 4,
      "AC:EQ\nSN:a serial number that outgrows short strings\nAC:NT\nCM:a remark that outgrows short strings\n"
      "AC:CP\nPN:a number that outgrows short strings\nYC:1\nXC:2\nZQ:a line of another tag that outgrows\n"
-     "ZR:7\nST:12+34.57\nOF:3\n"}};
+     "ZR:7\nST:12+34.57\nOF:3\n"},
+    {run::source::CommaDelimited, run::target::DeLorme, 0, 0, kDelimited},
+    {run::source::CommaDelimited, run::target::Maptech, 0, 0, kDelimited},
+    {run::source::CoordsLogNumberInDescription, run::target::TrimbleWaypoints, 4, 4,
+     "0001    A description that outgrows short strings\n"
+     "  Y=                                          123456.123456789\n"
+     "  ELL HT=                                     1234567890.12345\n\n",
+     "POINT\n\n"}};
 
 std::size_t allocationsFor(int points, const Route& route) {
-  std::string lines;
+  std::string lines(route.head);
   for (int i = 0; i < points; ++i) lines += route.line;
-  tests::Conversion run(route.format, route.format, route.targetCode);
+  tests::Conversion run(route.source, route.target, route.targetCode);
   run.settings.SourceProjectionCode = route.sourceCode;
   run.settings.target.metres = true;
   run.of(lines);

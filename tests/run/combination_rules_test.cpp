@@ -50,6 +50,7 @@ TEST(CombinationRules, RefuseWithTheirOwnWordsInTheirOrder) {
   const Message vesko = {"Vesko 80 column" + kLatLong, kSource, None};
   const Message reports = {"Reports are Disabled", "Warning", Exclamation};
   const Message files = {"Source file has same name as target file.", "Conflicting file names", Exclamation};
+  const Message mapping = {"This format holds NAD83 latitude and longitude only.", kTarget, Exclamation};
   using source::CoordsLog;
   using target::GeodimeterControl, target::ScreenOnly;
   const std::tuple<Selection, Message> cases[] = {
@@ -74,6 +75,8 @@ TEST(CombinationRules, RefuseWithTheirOwnWordsInTheirOrder) {
        {"NGS Blue Book" + kCounty + "county coordinate system", kTarget, Exclamation}},
       {{.toFile = "/nowhere/in"}, files},
       {{.to = GeodimeterControl, .toCode = 103}, {"Geodimeter Raw" + kLatLong, kTarget, Exclamation}},
+      {{.to = target::DeLorme, .toCode = 103}, mapping},
+      {{.to = target::Maptech, .toCode = 4}, mapping},
       // Of two rules the first one speaks.
       {{.from = source::BlueBook, .code = 263, .toCode = 263}, userDefined},
       {{.from = source::Vesko80Column, .code = 103, .toCode = 269}, lmo},
@@ -99,7 +102,8 @@ TEST(CombinationRules, LetPassWhatNoRuleNames) {
       // Of each of these pairs of formats only the other one is named.
       Selection{.from = source::CoordsLogNumberInDescription, .code = 1},
       Selection{.from = source::CoordsLogNumberInDescription, .code = 5},
-      Selection{.to = target::GeodimeterAlignment, .toCode = 0}};
+      Selection{.to = target::GeodimeterAlignment, .toCode = 0}, Selection{.to = target::DeLorme, .toCode = 0},
+      Selection{.to = target::WayPointsPlus, .toCode = 103}};
   for (const Selection& selection : cases) {
     const Message* const broken = firstBrokenRule(select(selection));
     EXPECT_EQ(broken, nullptr) << broken->text;

@@ -164,22 +164,36 @@ TEST_F(MainWindow, RestoresThePointerWhenAMessageStopsTheRun) {
   EXPECT_EQ(contentsOf(folder.file("in.csv")), "1,2,A\n");
 }
 
-TEST_F(MainWindow, StopsWhenTheOptionsDialogIsCancelled) {
-  // The waypoint writer stands in for formats that cannot be written yet.
-  std::vector<run::TargetFormat> targets(start.formatTables.targets.begin(), start.formatTables.targets.end());
-  targets[run::target::TrimbleWaypoints].makeWriter = targets[run::target::CommaDelimited].makeWriter;
-  start.formatTables.targets = targets;
-  presetFiles("1,2,A\n");
-  start.settings.targetFormat = run::target::TrimbleWaypoints;
-  open();
-  dialogs.expect("frmTovakWptTxt", [](QDialog& dialog) { dialog.reject(); });
-  click("cmdExecute");
-  EXPECT_TRUE(dialogs.finished());
-  EXPECT_TRUE(dialogs.boxes.empty());
-  EXPECT_EQ(contentsOf(folder.file("out.csv")), "(no file)");
-  dialogs.expect("frmTovakWptTxt", [](QDialog& dialog) { dialog.accept(); });
-  click("cmdExecute");
-  EXPECT_NE(contentsOf(folder.file("out.csv")), "(no file)");
+TEST_F(MainWindow, WritesWhatTheOptionsDialogsChoose) {
+  const struct {
+    std::int16_t format;
+    std::int16_t code;
+    const char* dialog;
+    const char* text;  ///< typed into the boxes of the dialog
+    const char* target;
+  } cases[] = {
+      {run::target::TrimbleWaypoints, 4, "frmTovakWptTxt", "", "-91.000,46.000,3.000,\"A\"\n"},
+      {run::target::DeLorme, 0, "frmTovakDelorme", "PIN", "Begin Symbol\n46.0000000,-91.0000000,A,PIN\nEnd\n"},
+      {run::target::Maptech, 0, "frmTovakMaptech", "80", "46.0000000, -91.0000000, \"A\", \"1\", \"\", 80, 80\n"}};
+  for (const auto& c : cases) {
+    presetFiles("45,-93,A\n");
+    start.settings.SourceProjectionCode = start.settings.TargetProjectionCode = c.code;
+    start.settings.target.fileName = folder.file(c.dialog);
+    start.settings.targetFormat = c.format;
+    open();
+    dialogs.expect(c.dialog, [](QDialog& dialog) { dialog.reject(); });
+    click("cmdExecute");
+    EXPECT_EQ(contentsOf(start.settings.target.fileName), "(no file)");
+    dialogs.expect(c.dialog, [&c](QDialog& dialog) {
+      for (auto* const option : dialog.findChildren<QRadioButton*>("optUsePD")) option->click();
+      for (auto* const box : dialog.findChildren<QLineEdit*>()) box->setText(c.text);
+      dialog.findChild<QPushButton*>("cmdContinue")->click();
+    });
+    click("cmdExecute");
+    EXPECT_TRUE(dialogs.finished());
+    const std::string target = contentsOf(start.settings.target.fileName);
+    EXPECT_EQ(target.substr(target.find('\n') + 1), c.target);
+  }
 }
 
 TEST_F(MainWindow, ConvertsTypedPointsOneByOne) {

@@ -29,14 +29,10 @@ void appendPackedBehindPoint(std::string& out, double angle) {
   text::appendSecondsFraction(out, split);
 }
 
-void appendDecimalDegrees(std::string& out, double angle) {
-  text::appendFixed(out, angle, 7);
-}
-
 using AngleAppender = void (*)(std::string&, double);
 /// By `latLongFormat`.
 constexpr std::array<AngleAppender, 4> kAngleAppenders = {text::appendPackedAngle, appendPackedBehindPoint,
-                                                          text::appendSpacedAngle, appendDecimalDegrees};
+                                                          text::appendSpacedAngle, text::appendDecimalDegrees};
 
 AngleAppender angleAppender(std::uint8_t latLongFormat) {
   return latLongFormat < kAngleAppenders.size() ? kAngleAppenders[latLongFormat] : kAngleAppenders[0];
