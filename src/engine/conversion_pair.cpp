@@ -1,13 +1,10 @@
 #include "engine/conversion_pair.h"
 
 #include <cmath>
-#include <numbers>
 
 namespace tovak::engine {
 namespace {
 
-constexpr double kRadiansPerDegree = std::numbers::pi / 180.0;
-constexpr double kDegreesPerRadian = 180.0 / std::numbers::pi;
 constexpr AreaServed kAreaInRadians = {.south = kAreaServed.south * kRadiansPerDegree,
                                        .north = kAreaServed.north * kRadiansPerDegree,
                                        .west = kAreaServed.west * kRadiansPerDegree,
@@ -72,7 +69,7 @@ void changeUnit(const ConversionPair& pair, Point& point) {
 
 }  // namespace
 
-Error convertPoint(const ConversionPair& pair, Point& point) {
+Error convertPoint(const ConversionPair& pair, Point& point, std::optional<GridFactors>& factors) {
   if (!isFinite(point)) return Error::notComputed;
   if (pair.source.projection == nullptr) point.easting = -std::fabs(point.easting);
 
@@ -86,6 +83,7 @@ Error convertPoint(const ConversionPair& pair, Point& point) {
     if (error == Error::none) error = fromGeographic(pair.target, geographic, point);
     if (error != Error::none) return error;
   }
+  factors = pair.factors == nullptr ? std::nullopt : factorsAt(*pair.factors, geographic);
   point.elevation = run::convertLength(point.elevation, pair.source.unit, pair.target.unit);
   return isFinite(point) ? Error::none : Error::notComputed;
 }

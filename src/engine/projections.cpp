@@ -2,12 +2,22 @@
 
 namespace tovak::engine {
 
-Projections::Projections() : operations_(coordinateSystems().size()) {}
+Projections::Projections() : projections_(coordinateSystems().size()) {}
+
+Projections::Projection& Projections::of(const CoordinateSystem& system) {
+  return projections_[static_cast<std::size_t>(&system - coordinateSystems().data())];
+}
 
 PJconsts* Projections::find(pj_ctx* context, const CoordinateSystem& system) {
-  ProjOperation& operation = operations_[static_cast<std::size_t>(&system - coordinateSystems().data())];
+  ProjOperation& operation = of(system).operation;
   if (operation == nullptr) operation = makeOperation(context, system.projection);
   return operation.get();
+}
+
+const FactorFormula* Projections::findFactors(pj_ctx* context, const CoordinateSystem& system) {
+  Projection& projection = of(system);
+  if (!projection.factors) projection.factors = makeFactorFormula(context, projection.operation.get());
+  return &*projection.factors;
 }
 
 PlanePoint project(PJconsts* projection, Geographic from) {

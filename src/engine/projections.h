@@ -2,19 +2,16 @@
 #pragma once
 
 #include <cmath>
+#include <optional>
 #include <vector>
 
 #include "engine/catalogue.h"
 #include "engine/error.h"
+#include "engine/geographic.h"
+#include "engine/grid_factors.h"
 #include "engine/proj_objects.h"
 
 namespace tovak::engine {
-
-/// Radians, north and east positive.
-struct Geographic {
-  double latitude = 0.0;
-  double longitude = 0.0;
-};
 
 /// Metres.
 struct PlanePoint {
@@ -31,17 +28,24 @@ class Projections {
   /// as this object.
   PJconsts* find(pj_ctx* context, const CoordinateSystem& system);
 
+  /// The formula for convergence and scale factor of a system whose operation has been found. It lives as long as this
+  /// object.
+  const FactorFormula* findFactors(pj_ctx* context, const CoordinateSystem& system);
+
  private:
-  std::vector<ProjOperation> operations_;  // as in the catalogue
+  struct Projection {
+    ProjOperation operation;
+    std::optional<FactorFormula> factors;
+  };
+  Projection& of(const CoordinateSystem& system);
+
+  std::vector<Projection> projections_;  // as in the catalogue
 };
 
 /// Both give a result that is not finite where the projection is not defined; `takeError` then tells why.
 PlanePoint project(PJconsts* projection, Geographic from);
 Geographic unproject(PJconsts* projection, PlanePoint from);
 
-inline bool isFinite(const Geographic& point) {
-  return std::isfinite(point.latitude) && std::isfinite(point.longitude);
-}
 inline bool isFinite(const PlanePoint& point) {
   return std::isfinite(point.northing) && std::isfinite(point.easting);
 }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "text/angle.h"
 #include "text/number.h"
 
 namespace tovak::engine {
@@ -12,10 +13,23 @@ namespace {
 constexpr double kVersion = 103.0;
 constexpr std::int16_t kAskForProject = -263;
 
-std::string resultText(const CoordinateSystem& system, const char* angles) {
-  std::string text(system.name);
+/// How the target's name ends a result text.
+std::string nameInResult(const CoordinateSystem& system, const char* angles) {
+  std::string text(1, ' ');
+  text += system.name;
   if (system.kind == SystemKind::latLong) text += angles;
   return text;
+}
+
+void appendFactors(std::string& out, const std::optional<GridFactors>& factors) {
+  constexpr int kScaleDecimals = 9;
+  if (!factors) {
+    out += "0-00-00.00 1";
+    return;
+  }
+  text::appendDashedAngle(out, factors->convergence);
+  out += ' ';
+  text::appendFixed(out, factors->scale, kScaleDecimals);
 }
 
 }  // namespace
@@ -42,10 +56,13 @@ std::int16_t TovakX::TovakVert(double& InNorthLat, double& InEastLon, double& El
     if (prepared_.error != Error::none) return static_cast<std::int16_t>(prepared_.error);
 
     Point point{.northing = InNorthLat, .easting = InEastLon, .elevation = Elevation};
-    const Error error = convertPoint(prepared_.pair, point);
+    std::optional<GridFactors> factors;
+    const Error error = convertPoint(prepared_.pair, point, factors);
     if (error != Error::none) return static_cast<std::int16_t>(error);
 
-    OutInfo = LatLongForm == "D" ? prepared_.infoForDecimal : prepared_.info;
+    OutInfo.clear();
+    appendFactors(OutInfo, factors);
+    OutInfo += LatLongForm == "D" ? prepared_.nameForDecimal : prepared_.name;
     OutNorthLat = point.northing;
     OutEastLon = point.easting;
     ElevationOut = point.elevation;
@@ -80,8 +97,8 @@ TovakX::Prepared TovakX::prepare(const std::string& sourceText, const std::strin
   next.targetText = targetText;
   next.error = preparePair(sourceText, targetText, next.pair);
   if (next.error != Error::none) return next;
-  next.info = resultText(*next.pair.target.system, " (degrees, minutes, seconds)");
-  next.infoForDecimal = resultText(*next.pair.target.system, " (decimal degrees)");
+  next.name = nameInResult(*next.pair.target.system, " (degrees, minutes, seconds)");
+  next.nameForDecimal = nameInResult(*next.pair.target.system, " (decimal degrees)");
   return next;
 }
 
@@ -93,6 +110,7 @@ Error TovakX::preparePair(std::string_view sourceText, std::string_view targetTe
   Error error = prepareSide(*source, Error::unknownSource, pair.source);
   if (error == Error::none) error = prepareSide(*target, Error::unknownTarget, pair.target);
   if (error != Error::none) return error;
+  if (pair.target.projection != nullptr) pair.factors = projections_.findFactors(context_.get(), *pair.target.system);
 
   if (pair.source.system->datum == pair.target.system->datum) return Error::none;
   if (!shift_.open(context_.get())) return Error::noGrid;

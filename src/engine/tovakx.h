@@ -40,8 +40,8 @@ class TovakX final : public run::ConversionEngine {
     std::string targetText;
     Error error = Error::unreadableText;
     ConversionPair pair;
-    std::string info;            // result text
-    std::string infoForDecimal;  // the same when decimal degrees are asked for
+    std::string name;            // of the target, as it ends the result text
+    std::string nameForDecimal;  // the same when decimal degrees are asked for
   };
 
   explicit TovakX(ProjContext context);

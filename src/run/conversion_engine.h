@@ -32,7 +32,10 @@ class ConversionEngine {
   /// `InNorthLat` and `InEastLon` are northing and easting in the units that `SourceProjection` declares, or latitude
   /// and longitude in decimal degrees, west negative. `Elevation` is in the source's units; callers pass the same
   /// variable as `ElevationOut`, which receives the elevation in the target's units. `OutNorthLat` and `OutEastLon`
-  /// are written in the target's units or decimal degrees. `OutInfo` receives a text about the result.
+  /// are written in the target's units or decimal degrees. `OutInfo` receives a text about the result, of words parted
+  /// by one blank: the convergence of the target at the point (D-MM-SS.ss, the sign in front, positive where grid north
+  /// is east of true north), the scale factor there (nine decimals), and the target's name. A target without them has
+  /// "0-00-00.00" and "1". An engine that computes nothing leaves the text empty.
   /// `LatLongForm` is "S" (degrees, minutes, seconds), "D" (decimal degrees) or empty (the engine's own default); it
   /// touches nothing but the wording of `OutInfo`.
   ///

@@ -12,6 +12,8 @@ namespace {
 constexpr std::int64_t kUnitsPerSecond = 100000;
 constexpr std::int64_t kUnitsPerMinute = 60 * kUnitsPerSecond;
 constexpr std::int64_t kUnitsPerDegree = 60 * kUnitsPerMinute;
+constexpr std::int64_t kHundredthsPerMinute = 60 * 100;
+constexpr std::int64_t kHundredthsPerDegree = 60 * kHundredthsPerMinute;
 
 /// Below this magnitude a packed angle has its point behind the degrees.
 constexpr double kSmallestPackedSeconds = 1000.0;
@@ -23,6 +25,13 @@ void appendPadded(std::string& out, std::int64_t value, int width) {
     value /= 10;
   }
   out.append(digits.data(), static_cast<std::size_t>(width));
+}
+
+/// The magnitude of an angle in whole units.
+std::int64_t magnitudeIn(std::int64_t unitsPerDegree, double decimalDegrees) {
+  constexpr double kLargestDegrees = 1e9;  // keeps what is no angle at all inside the whole numbers
+  const double magnitude = std::min(std::fabs(decimalDegrees), kLargestDegrees);
+  return std::llrint(magnitude * static_cast<double>(unitsPerDegree));
 }
 
 /// DD.MMSSsss as DDMMSS.sss. Rounded to 1e-9 second, since 45.12 is a hair less in binary and would otherwise read as
@@ -69,9 +78,7 @@ std::optional<double> interpretAngle(double value, AngleForm form) {
 }
 
 SplitAngle splitAngle(double decimalDegrees) {
-  constexpr double kLargestDegrees = 1e9;  // keeps what is no angle at all inside the whole numbers
-  const double magnitude = std::min(std::fabs(decimalDegrees), kLargestDegrees);
-  std::int64_t units = std::llrint(magnitude * static_cast<double>(kUnitsPerDegree));
+  std::int64_t units = magnitudeIn(kUnitsPerDegree, decimalDegrees);
   SplitAngle angle;
   angle.negative = decimalDegrees < 0 && units != 0;
   angle.degrees = units / kUnitsPerDegree;
@@ -123,6 +130,22 @@ void appendSpacedAngle(std::string& out, double decimalDegrees) {
 
 void appendDecimalDegrees(std::string& out, double decimalDegrees) {
   appendFixed(out, decimalDegrees, 7);
+}
+
+void appendDashedAngle(std::string& out, double decimalDegrees) {
+  const std::int64_t hundredths = magnitudeIn(kHundredthsPerDegree, decimalDegrees);
+  if (decimalDegrees < 0 && hundredths != 0) out += '-';
+  appendWhole(out, hundredths / kHundredthsPerDegree);
+  const std::int64_t rest = hundredths % kHundredthsPerDegree;
+  std::array<char, 9> text = {'-', 0, 0, '-', 0, 0, '.', 0, 0};
+  const auto put = [&text](std::size_t at, std::int64_t value) {
+    text[at] = static_cast<char>('0' + value / 10);
+    text[at + 1] = static_cast<char>('0' + value % 10);
+  };
+  put(1, rest / kHundredthsPerMinute);
+  put(4, rest % kHundredthsPerMinute / 100);
+  put(7, rest % 100);
+  out.append(text.data(), text.size());
 }
 
 }  // namespace tovak::text

@@ -88,10 +88,18 @@ TEST_F(Conversion, ChangesUnitsAndNothingElseWithinOneSystem) {
 
 TEST_F(Conversion, SaysWhatTheResultIs) {
   const auto info = [this](const char* target, const char* form) { return convert("0", target, kPoint, form).info; };
-  EXPECT_EQ(info("0", "S"), "Latitude and Longitude, NAD83 (degrees, minutes, seconds)");
+  EXPECT_EQ(info("0", "S"), "0-00-00.00 1 Latitude and Longitude, NAD83 (degrees, minutes, seconds)");
   EXPECT_EQ(info("0", ""), info("0", "S"));
-  EXPECT_EQ(info("0", "D"), "Latitude and Longitude, NAD83 (decimal degrees)");
-  EXPECT_EQ(info("4", "D"), "State plane South, NAD83");
+  EXPECT_EQ(info("0", "D"), "0-00-00.00 1 Latitude and Longitude, NAD83 (decimal degrees)");
+  EXPECT_EQ(info("4", "D"), "0-00-00.00 0.999959869 State plane South, NAD83");
+  EXPECT_EQ(info("2M", "S"), "-0-40-01.55 1.001103052 State plane North, NAD83");
+  EXPECT_EQ(info("266", "S"), "3-32-24.25 1.001510080 Universal Transverse Mercator zone 14, NAD83");
+  // Within one system too, and at the position on the target's datum.
+  const Result north = convert("0", "2", kPoint);
+  EXPECT_EQ(convert("2", "2M", {north.northing, north.easting}).info, north.info);
+  TOVAK_SKIP_WITHOUT_GRID(*engine);
+  const Result older = convert("0", "103", kPoint);
+  EXPECT_EQ(convert("0", "105", kPoint).info, convert("103", "105", {older.northing, older.easting}).info);
 }
 
 TEST_F(Conversion, NamesItsSystems) {

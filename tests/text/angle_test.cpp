@@ -54,5 +54,18 @@ TEST(SplitAngle, RoundsOnceBeforeItSplits) {
   }
 }
 
+TEST(DashedAngle, RoundsOnceBeforeItSplits) {
+  using Row = std::pair<double, const char*>;
+  const Row cases[] = {Row(-degrees(0, 35, 12.34), "-0-35-12.34"),       Row(degrees(1, 2, 3.4), "1-02-03.40"),
+                       Row(degrees(0, 59, 59.996), "1-00-00.00"),        Row(-degrees(9, 9, 59.994), "-9-09-59.99"),
+                       Row(-degrees(0, 0, 0.004), "0-00-00.00"),         Row(-degrees(0, 0, 0.006), "-0-00-00.01"),
+                       Row(-degrees(123, 0, 59.995001), "-123-01-00.00")};
+  for (const auto& [angle, expected] : cases) {
+    std::string text;
+    appendDashedAngle(text, angle);
+    EXPECT_EQ(text, expected);
+  }
+}
+
 }  // namespace
 }  // namespace tovak::text

@@ -1,0 +1,94 @@
+#include "engine/conformal_factors.h"
+
+#include <cmath>
+#include <complex>
+#include <numbers>
+
+namespace tovak::engine {
+namespace {
+
+double eccentricityOf(double flattening) {
+  return std::sqrt(flattening * (2.0 - flattening));
+}
+
+/// By how much the isometric latitude is less on the ellipsoid than on a sphere.
+double isometricLack(double sine, double eccentricity) {
+  const double e = eccentricity;
+  return 0.5 * e * std::log((1.0 + e * sine) / (1.0 - e * sine));
+}
+
+struct Parallel {
+  Parallel(double latitude, double eccentricity) {
+    const double sine = std::sin(latitude);
+    isometric = 0.5 * std::log((1.0 + sine) / (1.0 - sine)) - isometricLack(sine, eccentricity);
+    radius = std::cos(latitude) / std::sqrt(1.0 - eccentricity * eccentricity * sine * sine);
+  }
+  double isometric;  ///< isometric latitude
+  double radius;     ///< where that of the equator is 1
+};
+
+double coneConstant(const LambertFactors::Zone& zone, const Parallel& first, const Parallel& second) {
+  if (first.isometric == second.isometric) return std::sin(zone.firstParallel);
+  return std::log(first.radius / second.radius) / (second.isometric - first.isometric);
+}
+
+}  // namespace
+
+LambertFactors::LambertFactors(const Zone& zone, double flattening)
+    : eccentricity_(eccentricityOf(flattening)),
+      centralMeridian_(std::remainder(zone.centralMeridian, 2.0 * std::numbers::pi)) {
+  const Parallel first(zone.firstParallel, eccentricity_);
+  cone_ = coneConstant(zone, first, Parallel(zone.secondParallel, eccentricity_));
+  scale_ = zone.scale * first.radius * std::exp(cone_ * first.isometric);
+}
+
+GridFactors LambertFactors::at(const Geographic& point) const {
+  const Parallel parallel(point.latitude, eccentricity_);
+  return {.convergence = cone_ * (point.longitude - centralMeridian_) * kDegreesPerRadian,
+          .scale = scale_ * std::exp(-cone_ * parallel.isometric) / parallel.radius};
+}
+
+TransverseMercatorFactors::TransverseMercatorFactors(const Zone& zone, double flattening)
+    : eccentricity_(eccentricityOf(flattening)), centralMeridian_(zone.centralMeridian) {
+  const double n = flattening / (2.0 - flattening);
+  const double meridian = (1.0 + n * n / 4.0) / (1.0 + n);  // its length, where the equator's is 1
+  scale_ = zone.scale * meridian;
+  series_ = {2.0 * n * (1.0 / 2.0 + n * (-2.0 / 3.0 + n * 5.0 / 16.0)), 4.0 * n * n * (13.0 / 48.0 - n * 3.0 / 5.0),
+             6.0 * n * n * n * 61.0 / 240.0};
+}
+
+// First the sphere of conformal latitudes, then the series that leads from its projection to the ellipsoid's. All the
+// angles of the sphere are met as their sines and cosines only, and no logarithm of the latitude is needed: tangent and
+// secant of the conformal latitude are hyperbolic functions of the isometric latitude.
+GridFactors TransverseMercatorFactors::at(const Geographic& point) const {
+  using Complex = std::complex<double>;
+  const double sinLatitude = std::sin(point.latitude);
+  const double cosLatitude = std::cos(point.latitude);
+  const double sinLongitude = std::sin(point.longitude - centralMeridian_);
+  const double cosLongitude = std::cos(point.longitude - centralMeridian_);
+  const double growth = std::exp(isometricLack(sinLatitude, eccentricity_));
+  const double hyperbolicSine = 0.5 * (growth - 1.0 / growth);
+  const double hyperbolicCosine = 0.5 * (growth + 1.0 / growth);
+  // Tangent and secant, times the cosine of the latitude.
+  const double tangent = sinLatitude * hyperbolicCosine - hyperbolicSine;
+  const double secant = hyperbolicCosine - sinLatitude * hyperbolicSine;
+
+  // Twice the cosine of twice the sphere's northing and easting as one complex number.
+  const double x = cosLatitude * cosLongitude;
+  const double y = cosLatitude * sinLongitude;
+  const double perSquare = 1.0 / (tangent * tangent + x * x);
+  const double north = (x * x - tangent * tangent) * perSquare;
+  const double east = 1.0 + 2.0 * y * y * perSquare;
+  const double across = 4.0 * x * y * tangent * secant * perSquare * perSquare;
+  const Complex twice(2.0 * north * east, -2.0 * across);
+  const Complex second = series_[1] + twice * series_[2];
+  const Complex first = series_[0] + twice * second - series_[2];
+  const Complex derivative = 1.0 + 0.5 * twice * first - second;
+
+  const Complex direction = Complex(cosLongitude * secant, sinLongitude * tangent) * std::conj(derivative);
+  const double curvature = 1.0 - eccentricity_ * eccentricity_ * sinLatitude * sinLatitude;
+  return {.convergence = std::atan(direction.imag() / direction.real()) * kDegreesPerRadian,
+          .scale = scale_ * std::sqrt(std::norm(derivative) * curvature * perSquare)};
+}
+
+}  // namespace tovak::engine
