@@ -1,10 +1,9 @@
 #include "formats/delimited/delimited_reader.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
-#include <vector>
 
+#include "formats/delimited/delimited_line.h"
 #include "formats/delimited/field_codes.h"
 #include "run/projection_code.h"
 #include "text/number.h"
@@ -13,32 +12,25 @@
 namespace tovak::formats {
 namespace {
 
-/// What introduces a Geopak comment, whatever the delimiter.
-constexpr char kGeopakDelimiter = ';';
-
 class DelimitedReader final : public run::PointReader {
  public:
   explicit DelimitedReader(const run::SourceContext& context)
       : lines_(context.lines),
         counts_(context.counts),
-        codes_(parseFieldCodes(context.settings.sourceDelimited.fieldCodes)),
-        delimiter_(context.settings.sourceDelimited.delimiter),
-        // Any "25" in the list counts, the middle of 125 included.
-        geopakComment_(delimiter_ != kGeopakDelimiter &&
-                       context.settings.sourceDelimited.fieldCodes.find("25") != std::string::npos),
-        anglesMayHoldBlanks_(run::isLatLong(context.settings.SourceProjectionCode)) {}
+        fields_(context.settings.sourceDelimited),
+        latLong_(run::isLatLong(context.settings.SourceProjectionCode)) {}
 
   bool check() override { return true; }
 
   run::ReadState read(run::PointRecord& point) override {
     std::string_view line;
     while (lines_.next(line)) {
-      const std::size_t firstDelimiter = line.find(delimiter_);
-      if (firstDelimiter == std::string_view::npos) {
+      if (!fields_.start(line)) {
         passOver(line, counts_.withoutDelimiter);
         continue;
       }
-      takeFields(point, line, firstDelimiter);
+      DelimitedLine::Field field;
+      while (fields_.next(field)) store(point, field.code, field.text);
       if (point.InNorthLat != 0.0 && point.InEastLon != 0.0) {
         point.sourceLine = lines_.lineNumber();
         return run::ReadState::Point;
@@ -53,24 +45,6 @@ class DelimitedReader final : public run::PointReader {
   void passOver(std::string_view line, run::Tally& tally) {
     const bool comment = !line.empty() && line.front() == '$';
     run::addTo(comment ? counts_.comment : tally, lines_.lineNumber());
-  }
-
-  void takeFields(run::PointRecord& point, std::string_view rest, std::size_t fieldEnd) {
-    char delimiter = delimiter_;
-    for (const std::int16_t code : codes_) {
-      if (code == kFieldAnythingElse) {
-        point.anythingElse = rest;
-        return;
-      }
-      store(point, code, rest.substr(0, fieldEnd));
-      rest.remove_prefix(std::min(fieldEnd + 1, rest.size()));
-      fieldEnd = rest.find(delimiter);
-      if (fieldEnd == std::string_view::npos && geopakComment_) {
-        delimiter = kGeopakDelimiter;
-        fieldEnd = rest.find(delimiter);
-      }
-      fieldEnd = std::min(fieldEnd, rest.size());
-    }
   }
 
   void store(run::PointRecord& point, std::int16_t code, std::string_view field) {
@@ -93,21 +67,20 @@ class DelimitedReader final : public run::PointReader {
       case kFieldNumber:
         *textField(point, code) = cleanTextField(field);
         break;
+      case kFieldAnythingElse:
+        point.anythingElse = field;
+        break;
       default:
         if (std::string* const verbatim = textField(point, code)) *verbatim = field;
     }
   }
 
-  double coordinate(std::string_view field) {
-    return text::leadingNumber(anglesMayHoldBlanks_ ? text::withoutBlanks(field, scratch_) : field);
-  }
+  double coordinate(std::string_view field) { return coordinateValue(field, latLong_, scratch_); }
 
   text::LineReader& lines_;
   run::RecordCounts& counts_;
-  const std::vector<std::int16_t> codes_;
-  const char delimiter_;
-  const bool geopakComment_;
-  const bool anglesMayHoldBlanks_;
+  DelimitedLine fields_;
+  const bool latLong_;
   std::string scratch_;
 };
 

@@ -11,9 +11,7 @@ namespace tovak::formats {
 /// A reader of the layout in the run's `sourceDelimited`.
 ///
 /// Lines without the delimiter are passed over, and so are points whose northing or easting (latitude or longitude) is
-/// 0, as it is for every line of headings. A field is a number by its leading number. Separators inside quotes separate
-/// too. In a layout with a Geopak comment (code 25) the delimiter becomes ";" once no further delimiter is found on the
-/// line. For a latitude/longitude source, blanks inside those fields are ignored.
+/// 0, as it is for every line of headings. A field is a number by its leading number. `DelimitedLine` separates them.
 std::unique_ptr<run::PointReader> makeDelimitedReader(const run::SourceContext& context);
 
 /// A text field as a point keeps it: what stands between the first two double quotes (or behind the only one) as it is,

@@ -54,19 +54,17 @@ std::vector<Item> layoutItems(const run::DelimitedFormat& format) {
   return items;
 }
 
-class DelimitedWriter final : public run::PointWriter {
+/// Makes the line of a point.
+class LineComposer {
  public:
-  DelimitedWriter(const run::TargetContext& context, std::optional<std::string> firstLine)
-      : lines_(context.lines),
-        firstLine_(std::move(firstLine)),
-        delimiter_(context.settings.targetDelimited.delimiter),
-        items_(layoutItems(context.settings.targetDelimited)),
-        angleTarget_(run::isLatLong(context.settings.TargetProjectionCode)),
-        appendAngle_(angleAppender(context.settings.targetDelimited.latLongFormat)) {}
+  explicit LineComposer(const run::RunSettings& settings)
+      : delimiter_(settings.targetDelimited.delimiter),
+        items_(layoutItems(settings.targetDelimited)),
+        angleTarget_(run::isLatLong(settings.TargetProjectionCode)),
+        appendAngle_(angleAppender(settings.targetDelimited.latLongFormat)) {}
 
-  bool begin() override { return !firstLine_ || lines_.writeLine(*firstLine_); }
-
-  bool write(const run::PointRecord& point) override {
+  /// Holds until the next call.
+  const std::string& lineOf(const run::PointRecord& point) {
     line_.clear();
     for (const Item& item : items_) {
       if (item.code == kFieldWayPointsHead) {
@@ -81,10 +79,8 @@ class DelimitedWriter final : public run::PointWriter {
       line_ += item.separator;
     }
     if (!line_.empty()) line_.pop_back();
-    return lines_.writeLine(line_);
+    return line_;
   }
-
-  bool end() override { return true; }
 
  private:
   void appendField(const run::PointRecord& point, std::int16_t code) {
@@ -129,8 +125,6 @@ class DelimitedWriter final : public run::PointWriter {
     if (value != 0.0) text::appendPrecision(line_, value, precision);
   }
 
-  text::LineWriter& lines_;
-  const std::optional<std::string> firstLine_;
   const char delimiter_;
   const std::vector<Item> items_;
   const bool angleTarget_;
@@ -138,16 +132,34 @@ class DelimitedWriter final : public run::PointWriter {
   std::string line_;
 };
 
-/// The header line without its last character, the delimiter behind the last name.
-std::optional<std::string> headerOf(const run::DelimitedFormat& format) {
+class DelimitedWriter final : public run::PointWriter {
+ public:
+  DelimitedWriter(const run::TargetContext& context, std::optional<std::string> firstLine)
+      : lines_(context.lines), firstLine_(std::move(firstLine)), composer_(context.settings) {}
+
+  bool begin() override { return !firstLine_ || lines_.writeLine(*firstLine_); }
+  bool write(const run::PointRecord& point) override { return lines_.writeLine(composer_.lineOf(point)); }
+  bool end() override { return true; }
+
+ private:
+  text::LineWriter& lines_;
+  const std::optional<std::string> firstLine_;
+  LineComposer composer_;
+};
+
+}  // namespace
+
+std::optional<std::string> delimitedHeader(const run::DelimitedFormat& format) {
   if (!format.includeHeader || format.headerLine.empty()) return std::nullopt;
   return format.headerLine.substr(0, format.headerLine.size() - 1);
 }
 
-}  // namespace
+std::string delimitedLine(const run::RunSettings& settings, const run::PointRecord& point) {
+  return LineComposer(settings).lineOf(point);
+}
 
 std::unique_ptr<run::PointWriter> makeDelimitedWriter(const run::TargetContext& context) {
-  return std::make_unique<DelimitedWriter>(context, headerOf(context.settings.targetDelimited));
+  return std::make_unique<DelimitedWriter>(context, delimitedHeader(context.settings.targetDelimited));
 }
 
 std::unique_ptr<run::PointWriter> makeWayPointsPlusWriter(const run::TargetContext& context) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "run/formats.h"
 
@@ -14,5 +16,12 @@ std::unique_ptr<run::PointWriter> makeDelimitedWriter(const run::TargetContext& 
 
 /// The same writer, headed by the datum line that WayPoints+ files begin with.
 std::unique_ptr<run::PointWriter> makeWayPointsPlusWriter(const run::TargetContext& context);
+
+/// The header line as a target file begins with it: without its last character, normally the delimiter behind the last
+/// name. Nothing when the layout includes none.
+std::optional<std::string> delimitedHeader(const run::DelimitedFormat& format);
+
+/// The line that the writer makes of one converted point.
+std::string delimitedLine(const run::RunSettings& settings, const run::PointRecord& point);
 
 }  // namespace tovak::formats

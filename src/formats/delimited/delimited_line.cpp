@@ -1,0 +1,28 @@
+#include "formats/delimited/delimited_line.h"
+
+#include "text/number.h"
+#include "text/strings.h"
+
+namespace tovak::formats {
+
+DelimitedLine::DelimitedLine(const run::DelimitedFormat& format)
+    : codes_(parseFieldCodes(format.fieldCodes)),
+      delimiter_(format.delimiter),
+      // Any "25" in the list counts, the middle of 125 included.
+      geopakComment_(delimiter_ != kGeopakDelimiter && format.fieldCodes.find("25") != std::string::npos),
+      separator_(delimiter_) {}
+
+bool DelimitedLine::start(std::string_view line) {
+  fieldEnd_ = line.find(delimiter_);
+  if (fieldEnd_ == std::string_view::npos) return false;
+  rest_ = line;
+  nextCode_ = 0;
+  separator_ = delimiter_;
+  return true;
+}
+
+double coordinateValue(std::string_view field, bool latLong, std::string& scratch) {
+  return text::leadingNumber(latLong ? text::withoutBlanks(field, scratch) : field);
+}
+
+}  // namespace tovak::formats
