@@ -55,6 +55,7 @@ struct Preparation {
   CommandLine line;
   EngineStart engine;
   formats::DelimitedFormatTable delimitedFormats;
+  std::string definitionsFile;
 };
 
 /// Opens the window with what is known so far; a batch run's problems come first among its messages.
@@ -68,6 +69,7 @@ ExitStatus runWindow(const Preparation& prepared, std::vector<run::Message> mess
   start.engine = prepared.engine.engine.get();
   start.formatTables = formats;
   start.delimitedFormats = prepared.delimitedFormats;
+  start.definitionsFile = prepared.definitionsFile;
   start.version = TOVAK_VERSION;
   std::string reason;
   if (io.window(start, reason)) return start.engine == nullptr ? kStoppedByMessage : kFinished;
@@ -131,6 +133,7 @@ ExitStatus runProgram(const std::string& commandLine, const Surroundings& io) {
   }
   formats::DefinitionsResult definitions = loadFormats(folder);
   prepared.delimitedFormats = std::move(definitions.table);
+  prepared.definitionsFile = definitionsFile(folder);
   std::vector<run::Message> messages;
   if (!definitions.error.empty()) {
     messages.push_back(

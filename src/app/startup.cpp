@@ -33,10 +33,14 @@ void prepareDataFolder(const fs::path& dataFolder) {
   fs::copy_file(installed, definitions, ignored);  // never over an existing file
 }
 
+std::string definitionsFile(const fs::path& dataFolder) {
+  return dataFolder.empty() ? std::string() : (dataFolder / kDefinitionsName).string();
+}
+
 formats::DefinitionsResult loadFormats(const fs::path& dataFolder) {
   const formats::DefinitionsResult standardAlone = {{formats::standardFormat()}, {}};
   if (dataFolder.empty()) return standardAlone;
-  const std::string path = (dataFolder / kDefinitionsName).string();
+  const std::string path = definitionsFile(dataFolder);
   std::string ignored;  // A folder that cannot be written to hinders nobody until formats are to be saved.
   formats::ensureDefinitionsFile(path, ignored);
   std::error_code unknown;

@@ -23,6 +23,9 @@ struct Date {
 /// Failures are not reported: the file is then made anew.
 void prepareDataFolder(const std::filesystem::path& dataFolder);
 
+/// The definitions file of a data folder; empty without one.
+std::string definitionsFile(const std::filesystem::path& dataFolder);
+
 /// The definitions file's formats; without a data folder, or with a file that is refused, "Tovak Standard" alone. A
 /// file that is missing is created.
 formats::DefinitionsResult loadFormats(const std::filesystem::path& dataFolder);

@@ -26,6 +26,7 @@ struct WindowStart {
   run::ConversionEngine* engine = nullptr;
   run::FormatTables formatTables;
   formats::DelimitedFormatTable delimitedFormats;
+  std::string definitionsFile;  ///< where those formats are saved; empty without a data folder
   /// The run. The window calls the executable's, which knows of unfinished files when a signal ends the program.
   run::RunResult (*convert)(run::RunSettings&, run::ConversionEngine&, const run::FormatTables&,
                             run::Person&) = run::convert;

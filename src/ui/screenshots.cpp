@@ -17,6 +17,7 @@
 #include "ui/system_list.h"
 #include "ui/tovak.h"
 #include "ui/tovak_about.h"
+#include "ui/tovak_com_del.h"
 #include "ui/tovak_def_pt_no.h"
 #include "ui/tovak_delorme.h"
 #include "ui/tovak_input.h"
@@ -74,6 +75,20 @@ std::unique_ptr<QWidget> makeMain() {
   return std::make_unique<tovak::ui::frmTovak>(start);
 }
 
+/// A format of the user's own, in the form for the side that the purpose is for.
+std::unique_ptr<QWidget> makeEditor(tovak::formats::EditorPurpose purpose) {
+  static tovak::formats::DefinedFormats formats = {
+      .table = {tovak::formats::standardFormat(),
+                {.name = "Control points",
+                 .fieldCodes = " 0~ 1~ 2~ 3~ 4~",
+                 .headerLine = "Y Coordinate,X Coordinate,Point Name,Point Number,Elevation,",
+                 .includeHeader = true}},
+      .chosenSource = 1,
+      .chosenTarget = 1};
+  formats.saved = formats.table;
+  return std::make_unique<tovak::ui::frmTovakComDel>(formats, purpose, exampleSettings(), "Tovak.cdf");
+}
+
 std::unique_ptr<QWidget> makeOutput() {
   auto grid = std::make_unique<tovak::ui::frmTovakOutput>();
   grid->setDescriptions("Latitude and Longitude, NAD83 : NAD83", "State plane South, NAD83 : NAD83");
@@ -101,6 +116,7 @@ constexpr Picture kPictures[] = {
            tovak::ui::entryLabels(exampleSettings(), "Latitude and Longitude, NAD83"));
      }},
     {"output", [](const QString&) { return makeOutput(); }},
+    {"delimited_formats", [](const QString&) { return makeEditor(tovak::formats::EditorPurpose::InputFile); }},
     {"numbering", [](const QString&) { return makeOptions<tovak::ui::frmTovakDefPtNo>(); }},
     {"waypoints", [](const QString&) { return makeOptions<tovak::ui::frmTovakWptTxt>(); }},
     {"maptech", [](const QString&) { return makeOptions<tovak::ui::frmTovakMaptech>(); }},

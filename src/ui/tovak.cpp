@@ -20,6 +20,7 @@
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui/system_list.h"
+#include "ui/tovak_com_del.h"
 #include "ui/window_person.h"
 #include "ui_tovak.h"
 
@@ -59,12 +60,14 @@ frmTovak::frmTovak(const app::WindowStart& start, QWidget* parent)
       start_(start),
       engine_(*start.engine),
       selections_(selection::selectionsFrom(start.settings)),
+      delimitedFormats_({.table = start.delimitedFormats, .saved = start.delimitedFormats}),
       form_(std::make_unique<Ui::frmTovak>()),
       folder_(toQString(start.workingFolder.string())) {
   form_->setupUi(this);
   setWindowTitle("Tovak  Version " + toQString(start.version));
   makeSides();
   fillLists();
+  for (const SideWidgets& side : sides_) chooseLayout(side, 0);
   for (const SideWidgets& side : sides_) connectSide(side);
   connectOptions();
   connectReport();
@@ -80,10 +83,11 @@ frmTovak::~frmTovak() = default;
 
 void frmTovak::makeSides() {
   const Ui::frmTovak& f = *form_;
-  sides_ = {{{Side::Source, f.lstSourceFormat, f.lstSourceLayout, f.txtSourceProjection, f.lblSourceSystem,
-              f.cmdSourceChoose, f.btnSourceEnglish, f.btnSourceMetric, f.txtSourceFile, f.cmdSourceBrowse},
-             {Side::Target, f.lstTargetFormat, f.lstTargetLayout, f.txtTargetProjection, f.lblTargetSystem,
-              f.cmdTargetChoose, f.btnTargetEnglish, f.btnTargetMetric, f.txtTargetFile, f.cmdTargetBrowse}}};
+  sides_ = {
+      {{Side::Source, f.lstSourceFormat, f.lstSourceLayout, f.cmdSourceLayout, f.txtSourceProjection, f.lblSourceSystem,
+        f.cmdSourceChoose, f.btnSourceEnglish, f.btnSourceMetric, f.txtSourceFile, f.cmdSourceBrowse},
+       {Side::Target, f.lstTargetFormat, f.lstTargetLayout, f.cmdTargetLayout, f.txtTargetProjection, f.lblTargetSystem,
+        f.cmdTargetChoose, f.btnTargetEnglish, f.btnTargetMetric, f.txtTargetFile, f.cmdTargetBrowse}}};
 }
 
 void frmTovak::fillLists() {
@@ -91,9 +95,6 @@ void frmTovak::fillLists() {
     form_->lstSourceFormat->addItem(toQString(format.name));
   for (const run::TargetFormat& format : start_.formatTables.targets)
     form_->lstTargetFormat->addItem(toQString(format.name));
-  for (const SideWidgets& side : sides_) {
-    for (const run::DelimitedFormat& format : start_.delimitedFormats) side.layout->addItem(toQString(format.name));
-  }
   for (const char* const accuracy : kAccuracies) form_->lstAccuracy->addItem(accuracy);
   for (const std::string_view text : selection::horizontalReferences()) form_->lstHorizontal->addItem(toQString(text));
   for (const std::string_view text : selection::verticalReferences()) form_->lstCsvVertical->addItem(toQString(text));
@@ -104,6 +105,9 @@ void frmTovak::connectSide(const SideWidgets& side) {
   connect(side.format, &QComboBox::activated, this,
           isSource ? &frmTovak::chooseSourceFormat : &frmTovak::chooseTargetFormat);
   connect(side.layout, &QComboBox::activated, this, [this, &side](int index) { chooseLayout(side, index); });
+  connect(side.editLayout, &QPushButton::clicked, this, [this, isSource] {
+    editLayouts(isSource ? formats::EditorPurpose::InputFile : formats::EditorPurpose::OutputFile);
+  });
   connect(side.projection, &QLineEdit::textEdited, this,
           [this, &side](const QString& text) { typeProjection(side, text); });
   connect(side.projection, &QLineEdit::editingFinished, this, [this, &side] { refreshSide(side); });
@@ -178,9 +182,12 @@ void frmTovak::connectMenus() {
   connect(f.cmdClose, &QPushButton::clicked, this, &QWidget::close);
   connect(f.mnuFileOpen, &QAction::triggered, this, [this] { browse(sides_[0]); });
   connect(f.mnuFileSave, &QAction::triggered, this, [this] { browse(sides_[1]); });
+  connect(f.mnuFileSourceLayout, &QAction::triggered, f.cmdSourceLayout, &QPushButton::click);
+  connect(f.mnuFileTargetLayout, &QAction::triggered, f.cmdTargetLayout, &QPushButton::click);
   connect(f.mnuFileExecute, &QAction::triggered, this, &frmTovak::execute);
   connect(f.mnuFileExit, &QAction::triggered, this, &QWidget::close);
   connect(f.mnuToolsNumbering, &QAction::triggered, this, &frmTovak::openOptions<frmTovakDefPtNo>);
+  connect(f.mnuToolsLayouts, &QAction::triggered, this, [this] { editLayouts(formats::EditorPurpose::Utility); });
   connect(f.mnuToolsWaypoints, &QAction::triggered, this, &frmTovak::openOptions<frmTovakWptTxt>);
   connect(f.mnuToolsMaptech, &QAction::triggered, this, &frmTovak::openOptions<frmTovakMaptech>);
   connect(f.mnuToolsDelorme, &QAction::triggered, this, &frmTovak::openOptions<frmTovakDelorme>);
@@ -206,7 +213,20 @@ void frmTovak::refreshSide(const SideWidgets& side) {
     side.projection->setText(toQString(ofSide.projectionText));
   (ofSide.metres ? side.metric : side.english)->setChecked(true);
   if (side.file->text() != toQString(ofSide.fileName)) side.file->setText(toQString(ofSide.fileName));
+  refreshLayouts(side);
   showSystem(side);
+}
+
+/// A format stays the side's after its entry was changed or removed, until one is chosen again: then the list shows its
+/// name and no entry.
+void frmTovak::refreshLayouts(const SideWidgets& side) {
+  const bool isSource = side.side == Side::Source;
+  const std::size_t chosen = isSource ? delimitedFormats_.chosenSource : delimitedFormats_.chosenTarget;
+  const run::DelimitedFormat& current = isSource ? selections_.run.sourceDelimited : selections_.run.targetDelimited;
+  side.layout->clear();
+  side.layout->setPlaceholderText(tr("%1 (as it was chosen)").arg(toQString(current.name)));
+  for (const run::DelimitedFormat& format : delimitedFormats_.table) side.layout->addItem(toQString(format.name));
+  side.layout->setCurrentIndex(delimitedFormats_.table[chosen] == current ? static_cast<int>(chosen) : -1);
 }
 
 void frmTovak::showSystem(const SideWidgets& side) {
@@ -245,14 +265,20 @@ void frmTovak::refreshOptions() {
 void frmTovak::refreshEnabled() {
   const selection::EnabledControls enabled = selection::enabledControls(selections_, start_.formatTables);
   const Ui::frmTovak& f = *form_;
+  const bool sourceDelimited = selections_.run.sourceFormat == run::source::CommaDelimited;
+  const bool targetDelimited = selections_.run.targetFormat == run::target::CommaDelimited;
+  f.mnuFileSourceLayout->setEnabled(sourceDelimited);
+  f.mnuFileTargetLayout->setEnabled(targetDelimited);
   const std::pair<QWidget*, bool> states[] = {
       {f.frameSourceFile, enabled.sourceFile},
       {f.frameTargetFile, enabled.targetFile},
       {f.frameSrcMapPrj, enabled.sourceProjection},
       {f.frameTrgMapPrj, enabled.targetProjection},
       {f.frameSourceUnits, enabled.sourceUnits},
-      {f.lstSourceLayout, selections_.run.sourceFormat == run::source::CommaDelimited},
-      {f.lstTargetLayout, selections_.run.targetFormat == run::target::CommaDelimited},
+      {f.lstSourceLayout, sourceDelimited},
+      {f.cmdSourceLayout, sourceDelimited},
+      {f.lstTargetLayout, targetDelimited},
+      {f.cmdTargetLayout, targetDelimited},
       {f.frameLLfmt, enabled.latLongForm},
       {f.frameAdjustment, enabled.ordinaryOptions},
       {f.frameVertical, enabled.ordinaryOptions},
@@ -290,9 +316,15 @@ void frmTovak::chooseTargetFormat(int index) {
 }
 
 void frmTovak::chooseLayout(const SideWidgets& side, int index) {
-  run::RunSettings& settings = selections_.run;
-  (side.side == Side::Source ? settings.sourceDelimited : settings.targetDelimited) =
-      start_.delimitedFormats[static_cast<std::size_t>(index)];
+  const bool isSource = side.side == Side::Source;
+  const auto entry = static_cast<std::size_t>(index);
+  (isSource ? delimitedFormats_.chosenSource : delimitedFormats_.chosenTarget) = entry;
+  (isSource ? selections_.run.sourceDelimited : selections_.run.targetDelimited) = delimitedFormats_.table[entry];
+}
+
+void frmTovak::editLayouts(formats::EditorPurpose purpose) {
+  frmTovakComDel(delimitedFormats_, purpose, selections_.run, start_.definitionsFile, this).exec();
+  refresh();
 }
 
 void frmTovak::typeProjection(const SideWidgets& side, const QString& text) {

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "app/window_start.h"
+#include "formats/delimited/format_editor.h"
 #include "selection/selections.h"
 #include "ui/help_window.h"
 #include "ui/tovak_about.h"
@@ -54,6 +55,7 @@ class frmTovak : public QMainWindow {
     selection::Side side;
     QComboBox* format;
     QComboBox* layout;
+    QPushButton* editLayout;
     QLineEdit* projection;
     QLabel* system;
     QPushButton* choose;
@@ -72,6 +74,7 @@ class frmTovak : public QMainWindow {
 
   void refresh();
   void refreshSide(const SideWidgets& side);
+  void refreshLayouts(const SideWidgets& side);
   void refreshOptions();
   void refreshEnabled();
   void showSystem(const SideWidgets& side);
@@ -79,6 +82,7 @@ class frmTovak : public QMainWindow {
   void chooseSourceFormat(int index);
   void chooseTargetFormat(int index);
   void chooseLayout(const SideWidgets& side, int index);
+  void editLayouts(formats::EditorPurpose purpose);
   void typeProjection(const SideWidgets& side, const QString& text);
   void chooseSystem(const SideWidgets& side);
   void browse(const SideWidgets& side);
@@ -97,6 +101,7 @@ class frmTovak : public QMainWindow {
   const app::WindowStart& start_;
   run::ConversionEngine& engine_;
   selection::Selections selections_;
+  formats::DefinedFormats delimitedFormats_;
   std::unique_ptr<Ui::frmTovak> form_;
   std::array<SideWidgets, 2> sides_;
   QString folder_;  ///< where file dialogs open

@@ -18,6 +18,7 @@ struct Opened {
   run::RunSettings settings;
   std::vector<run::Message> messages;
   bool hasEngine;
+  std::string definitionsFile;
 };
 
 std::vector<Opened> opened;
@@ -25,7 +26,8 @@ bool moduleMissing = false;
 
 bool recordWindow(const WindowStart& start, std::string& reason) {
   if (moduleMissing) reason = "TovakWindow.so: no such file";
-  if (!moduleMissing) opened.push_back({start.settings, start.messages, start.engine != nullptr});
+  if (!moduleMissing)
+    opened.push_back({start.settings, start.messages, start.engine != nullptr, start.definitionsFile});
   return !moduleMissing;
 }
 
@@ -56,6 +58,7 @@ TEST_F(WindowStartTest, OpensEmptyWithTheReportOfTheDay) {
   EXPECT_TRUE(opened[0].messages.empty() && opened[0].hasEngine && settings.reportEnabled);
   EXPECT_EQ(settings.reportFileName, folder.file("AppData/QrAppsData/Tovak11-21-2026.rpt"));
   EXPECT_EQ(settings.TargetProjectionCode, 1);
+  EXPECT_EQ(opened[0].definitionsFile, folder.file("AppData/QrAppsData/Tovak.cdf"));
   EXPECT_EQ(err.str(), "");
 }
 

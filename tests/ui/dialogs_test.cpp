@@ -6,6 +6,7 @@
 
 #include "support/widgets.h"
 #include "ui/tovak_about.h"
+#include "ui/tovak_com_del.h"
 #include "ui/tovak_def_pt_no.h"
 #include "ui/tovak_delorme.h"
 #include "ui/tovak_input.h"
@@ -28,9 +29,11 @@ class EveryDialog : public testing::Test {
     dialogs_.push_back(std::make_unique<frmTovakMaptech>(settings_));
     dialogs_.push_back(std::make_unique<frmTovakDelorme>(settings_));
     dialogs_.push_back(std::make_unique<frmTovakAbout>());
+    dialogs_.push_back(std::make_unique<frmTovakComDel>(formats_, formats::EditorPurpose::Utility, settings_, ""));
   }
 
   run::RunSettings settings_;
+  formats::DefinedFormats formats_ = {.table = {{}}};
   std::vector<std::unique_ptr<QDialog>> dialogs_;
 };
 
@@ -53,6 +56,7 @@ TEST_F(EveryDialog, HasItsTitle) {
       {"frmTovakMaptech", " Label Symbology for Maptech Input File"},
       {"frmTovakDelorme", " Symbology for DeLorme Import File"},
       {"frmTovakAbout", " About Tovak"},
+      {"frmTovakComDel", " User-Defined Delimited Format Utility"},
   };
   for (const auto& dialog : dialogs_) {
     EXPECT_EQ(dialog->windowTitle().toStdString(), titles.at(dialog->objectName().toStdString()));

@@ -252,6 +252,41 @@ TEST_F(MainWindow, FollowsTheRulesOfTheSelections) {
   EXPECT_TRUE(widget<QWidget>("frameLLfmt").isEnabled());
 }
 
+TEST_F(MainWindow, ReadsAndWritesWithTheFormatsChosenInTheEditor) {
+  presetFiles("7;5;6\n");
+  start.delimitedFormats.push_back({.name = "Own", .delimiter = ';', .fieldCodes = " 3~ 0~ 1~"});
+  open();
+  dialogs.expect("frmTovakComDel", [](QDialog& editor) {
+    auto& names = *editor.findChild<QComboBox*>("FmtNames");
+    names.setCurrentIndex(1);
+    emit names.activated(1);
+    editor.findChild<QPushButton*>("btnDone")->click();
+  });
+  widget<QAction>("mnuFileSourceLayout").trigger();
+  EXPECT_EQ(widget<QComboBox>("lstSourceLayout").currentText(), "Own");
+  choose("lstTargetLayout", 1);
+  click("cmdExecute");
+  EXPECT_EQ(contentsOf(folder.file("out.csv")), "$Tovak#4$ NAD83  (Feet)\n7;6.000;8.000\n");
+
+  // Whatever becomes of the entry, the format stays the side's until another is chosen.
+  dialogs.expect("frmTovakComDel", [](QDialog& editor) {
+    EXPECT_EQ(editor.windowTitle(), " User-Defined Delimited Format for Output File");
+    EXPECT_EQ(editor.findChild<QComboBox*>("FmtNames")->currentIndex(), 1);
+    editor.findChild<QPushButton*>("btnDelete")->click();
+    editor.reject();
+  });
+  click("cmdTargetLayout");
+  EXPECT_EQ(widget<QComboBox>("lstTargetLayout").currentIndex(), -1);
+  EXPECT_EQ(widget<QComboBox>("lstTargetLayout").placeholderText(), "Own (as it was chosen)");
+  EXPECT_EQ(window->selections().run.targetDelimited.fieldCodes, " 3~ 0~ 1~");
+  choose("lstSourceFormat", run::source::Keyboard);
+  EXPECT_FALSE(widget<QAction>("mnuFileSourceLayout").isEnabled() ||
+               widget<QPushButton>("cmdSourceLayout").isEnabled());
+  dialogs.expect("frmTovakComDel", [](QDialog& editor) { editor.reject(); });
+  widget<QAction>("mnuToolsLayouts").trigger();
+  EXPECT_TRUE(dialogs.finished());
+}
+
 TEST_F(MainWindow, FindsASystemByItsName) {
   open();
   dialogs.expect("frmTovakSystems", [](QDialog& list) {
