@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/characters.h"
 #include "text/number.h"
 #include "text/strings.h"
 
@@ -24,13 +25,25 @@ bool isBlank(std::string_view line, std::size_t first, std::size_t last) {
 }
 
 void ColumnLine::advanceTo(std::size_t column) {
-  if (line_.size() >= column) end();
-  line_.append(column - 1 - line_.size(), ' ');
+  if (width_ >= column) end();
+  line_.append(column - 1 - width_, ' ');
+  width_ = column - 1;
+}
+
+void ColumnLine::put(std::string_view text) {
+  line_ += text;
+  width_ += text.size();
+}
+
+void ColumnLine::putText(std::string_view text) {
+  appendPrintable(line_, text);
+  width_ += characterCount(text);
 }
 
 bool ColumnLine::end() {
   written_ = lines_.writeLine(line_) && written_;
   line_.clear();
+  width_ = 0;
   return written_;
 }
 

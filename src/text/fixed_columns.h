@@ -29,13 +29,17 @@ class ColumnLine {
 
   /// The next `put` starts at `column`.
   void advanceTo(std::size_t column);
-  void put(std::string_view text) { line_ += text; }
+  void put(std::string_view text);
+  /// Puts a text that is meant for a person's eyes: its characters count as columns rather than its bytes, and its
+  /// control characters become blanks.
+  void putText(std::string_view text);
   /// Writes the line and begins an empty one. False when the writer failed, now or on an earlier line.
   bool end();
 
  private:
   LineWriter& lines_;
   std::string line_;
+  std::size_t width_ = 0;  ///< columns taken so far
   bool written_ = true;
 };
 

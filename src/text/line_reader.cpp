@@ -34,14 +34,15 @@ void LineReader::close() {
   file_ = -1;
 }
 
-bool LineReader::open(const std::string& fileName) {
+bool LineReader::open(const std::string& fileName, std::uint64_t start) {
   close();
   fileName_ = fileName;
+  start_ = start;
   startOver();
   file_ = ::open(fileName.c_str(), O_RDONLY | O_CLOEXEC);
   if (file_ < 0) return fail(Fault::System, systemErrorText(fileName_, errno));
   if (buffer_.empty()) buffer_.resize(kBlockSize);
-  return true;
+  return start == 0 || rewind();
 }
 
 void LineReader::startOver() {
@@ -54,7 +55,8 @@ void LineReader::startOver() {
 
 bool LineReader::rewind() {
   startOver();
-  if (::lseek(file_, 0, SEEK_SET) < 0) return fail(Fault::System, systemErrorText(fileName_, errno));
+  if (::lseek(file_, static_cast<off_t>(start_), SEEK_SET) < 0)
+    return fail(Fault::System, systemErrorText(fileName_, errno));
   return true;
 }
 
@@ -90,7 +92,7 @@ bool LineReader::take(std::size_t length, std::size_t lengthWithEnd, std::string
     appendWhole(text, static_cast<std::int64_t>(lineNumber_));
     return fail(Fault::LineTooLong, text + " is longer than 1 MiB");
   }
-  if (lineNumber_ == 1 && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
+  if (lineNumber_ == 1 && start_ == 0 && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
   return true;
 }
 

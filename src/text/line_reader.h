@@ -25,10 +25,10 @@ class LineReader {
   LineReader& operator=(const LineReader&) = delete;
   ~LineReader();
 
-  /// Opens a file from its start; one that was open is closed. False: `error()` says why.
-  bool open(const std::string& fileName);
+  /// Opens a file from its byte `start` on; one that was open is closed. False: `error()` says why.
+  bool open(const std::string& fileName, std::uint64_t start = 0);
 
-  /// Begins again at the first line. False, with `error()`, where the system cannot go back, as in a pipe.
+  /// Begins again at the line that was first. False, with `error()`, where the system cannot go back, as in a pipe.
   bool rewind();
 
   /// The next line without its line end (LF or CR LF; the last line needs none). Any bytes are passed through, but a
@@ -53,6 +53,7 @@ class LineReader {
 
   std::string fileName_;
   int file_ = -1;
+  std::uint64_t start_ = 0;
   std::vector<char> buffer_;
   std::size_t begin_ = 0;  ///< first byte not yet given out
   std::size_t end_ = 0;    ///< past the last byte read

@@ -9,10 +9,10 @@ constexpr std::size_t kBlockSize = std::size_t{64} << 10;
 
 }  // namespace
 
-bool LineWriter::open(const std::string& fileName) {
+bool LineWriter::open(const std::string& fileName, TargetFile::Way way) {
   buffer_.clear();
   buffer_.reserve(kBlockSize);
-  return target_.open(fileName);
+  return target_.open(fileName, way);
 }
 
 bool LineWriter::flush() {
@@ -30,6 +30,10 @@ bool LineWriter::write(std::string_view bytes) {
 
 bool LineWriter::writeLine(std::string_view line) {
   return write(line) && write(kLineEnd);
+}
+
+bool LineWriter::finish() {
+  return flush() && target_.finish();
 }
 
 bool LineWriter::commit() {

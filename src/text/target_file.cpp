@@ -8,8 +8,10 @@
 #include <cstdio>
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -22,23 +24,81 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The name of the file being written, for a signal handler, which can do little but read it. One at a time: a second
-/// file begun meanwhile takes its place.
-std::array<char, PATH_MAX> unfinishedName{};
+/// The names of the files being written, for a signal handler, which can do little but read them. A free place begins
+/// with a null character. A file beyond these, of which there is none, would stay behind.
+constexpr std::size_t kMostUnfinished = 4;
+using UnfinishedName = std::array<char, PATH_MAX>;
+std::array<UnfinishedName, kMostUnfinished> unfinishedNames{};
 
 void noteUnfinished(const std::string& name) {
-  unfinishedName.front() = '\0';
-  if (name.size() >= unfinishedName.size()) return;
+  const auto place = std::find_if(unfinishedNames.begin(), unfinishedNames.end(),
+                                  [](const UnfinishedName& noted) { return noted.front() == '\0'; });
+  if (place == unfinishedNames.end() || name.empty() || name.size() >= place->size()) return;
   // The first character last: a handler between finds an empty name or a whole one.
-  std::copy(name.begin() + (name.empty() ? 0 : 1), name.end(), unfinishedName.begin() + 1);
-  unfinishedName[name.size()] = '\0';
-  if (!name.empty()) unfinishedName.front() = name.front();
+  std::copy(name.begin() + 1, name.end(), place->begin() + 1);
+  (*place)[name.size()] = '\0';
+  place->front() = name.front();
+}
+
+void forgetUnfinished(const std::string& name) {
+  for (UnfinishedName& noted : unfinishedNames) {
+    if (name == noted.data()) noted.front() = '\0';
+  }
 }
 
 extern "C" void removeUnfinishedAndEnd(int signalNumber) {
-  if (unfinishedName.front() != '\0') ::unlink(unfinishedName.data());
+  for (const UnfinishedName& noted : unfinishedNames) {
+    if (noted.front() != '\0') ::unlink(noted.data());
+  }
   std::signal(signalNumber, SIG_DFL);
   std::raise(signalNumber);
+}
+
+constexpr std::array<int, 3> kEndingSignals = {SIGINT, SIGTERM, SIGHUP};
+
+/// Lets the signals that end the program wait while an older file is being extended.
+class SignalsWait {
+ public:
+  SignalsWait() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signalNumber : kEndingSignals) sigaddset(&signals, signalNumber);
+    pthread_sigmask(SIG_BLOCK, &signals, &before_);
+  }
+  SignalsWait(const SignalsWait&) = delete;
+  SignalsWait& operator=(const SignalsWait&) = delete;
+  ~SignalsWait() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+
+ private:
+  sigset_t before_{};
+};
+
+/// 0, or the number of the system's error.
+int writeAll(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(file, bytes.data(), bytes.size());
+    if (written < 0) {
+      if (errno == EINTR) continue;
+      return errno;
+    }
+    if (written == 0) return EIO;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return 0;
+}
+
+/// Puts everything in one file behind the other, on the disk: 0, or the number of the system's error.
+int appendContents(int from, int to) {
+  std::vector<char> block(std::size_t{64} << 10);
+  for (off_t position = 0;;) {
+    const ssize_t count = ::pread(from, block.data(), block.size(), position);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return errno;
+    if (count == 0) return ::fsync(to) == 0 ? 0 : errno;
+    const int error = writeAll(to, {block.data(), static_cast<std::size_t>(count)});
+    if (error != 0) return error;
+    position += count;
+  }
 }
 
 /// A new file gets the older one's permissions and, as far as the system allows, its owner.
@@ -64,7 +124,7 @@ void TargetFile::discard() {
   file_ = -1;
   if (temporaryName_.empty()) return;
   ::unlink(temporaryName_.c_str());
-  noteUnfinished({});
+  forgetUnfinished(temporaryName_);
   temporaryName_.clear();
 }
 
@@ -77,7 +137,7 @@ bool TargetFile::createBeside() {
     name += '_';
     appendWhole(name, i);
     const std::string candidate = (folder / name).string();
-    file_ = ::open(candidate.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    file_ = ::open(candidate.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (file_ >= 0) {
       temporaryName_ = candidate;
       noteUnfinished(temporaryName_);
@@ -88,9 +148,11 @@ bool TargetFile::createBeside() {
   return false;
 }
 
-bool TargetFile::open(const std::string& fileName) {
+bool TargetFile::open(const std::string& fileName, Way way) {
   discard();
   fileName_ = fileName;
+  way_ = way;
+  start_ = 0;
   error_.clear();
   struct stat older {};
   const bool exists = ::stat(fileName.c_str(), &older) == 0;
@@ -111,35 +173,50 @@ bool TargetFile::open(const std::string& fileName) {
 
 bool TargetFile::write(std::string_view bytes) {
   if (file_ < 0) return false;
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(file_, bytes.data(), bytes.size());
-    if (written < 0) {
-      if (errno == EINTR) continue;
-      return fail(errno);
-    }
-    if (written == 0) return fail(EIO);
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
+  const int error = writeAll(file_, bytes);
+  return error == 0 || fail(error);
+}
+
+bool TargetFile::finish() {
+  if (file_ < 0) return false;
+  // The contents must be on the disk before the name is: a crash must not leave an empty file under it.
+  return temporaryName_.empty() || ::fsync(file_) == 0 || fail(errno);
 }
 
 bool TargetFile::commit() {
-  if (file_ < 0) return false;
-  const bool direct = temporaryName_.empty();
-  // The contents must be on the disk before the name is: a crash must not leave an empty file under it.
-  if (!direct && ::fsync(file_) != 0) return fail(errno);
+  if (!finish()) return false;
+  if (way_ == Way::Append && !temporaryName_.empty() && ::access(finalName_.c_str(), F_OK) == 0) return appendToOlder();
   const int file = file_;
   file_ = -1;
   if (::close(file) != 0 && errno != EINTR) return fail(errno);
-  if (direct) return true;
+  if (temporaryName_.empty()) return true;
   if (std::rename(temporaryName_.c_str(), finalName_.c_str()) != 0) return fail(errno);
-  noteUnfinished({});
+  forgetUnfinished(temporaryName_);
   temporaryName_.clear();
   return true;
 }
 
+bool TargetFile::appendToOlder() {
+  const SignalsWait wait;
+  const int older = ::open(finalName_.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+  if (older < 0) return fail(errno);
+  // Another program may be at the same; where files cannot be locked it goes on without.
+  ::flock(older, LOCK_EX);
+  struct stat before {};
+  int error = ::fstat(older, &before) == 0 ? 0 : errno;
+  if (error == 0) {
+    start_ = static_cast<std::uint64_t>(before.st_size);
+    error = appendContents(file_, older);
+    if (error != 0 && ::ftruncate(older, before.st_size) != 0) errno = 0;
+  }
+  if (::close(older) != 0 && errno != EINTR && error == 0) error = errno;
+  if (error != 0) return fail(error);
+  discard();
+  return true;
+}
+
 void removeUnfinishedFileOnSignals() {
-  for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP}) {
+  for (const int signalNumber : kEndingSignals) {
     // What the caller had ignored stays ignored.
     if (std::signal(signalNumber, removeUnfinishedAndEnd) == SIG_IGN) std::signal(signalNumber, SIG_IGN);
   }

@@ -25,8 +25,13 @@ TEST(ColumnLine, StartsANewLineWhereTheOldOneIsPastTheColumn) {
   line.put("five");
   line.advanceTo(8);
   line.put("eight");
-  EXPECT_TRUE(line.end() && line.end() && lines.commit());
-  EXPECT_EQ(tests::contentsOf(folder.file("out")), "1234five\n       eight\n\n");
+  EXPECT_TRUE(line.end() && line.end());
+  line.putText("\xC3\xB6\n\xE2\x82\xAC\xB0\xF0\x9F\x93\x8D");
+  line.advanceTo(7);
+  line.put("seven");
+  EXPECT_TRUE(line.end() && lines.commit());
+  EXPECT_EQ(tests::contentsOf(folder.file("out")),
+            "1234five\n       eight\n\n\xC3\xB6 \xE2\x82\xAC\xB0\xF0\x9F\x93\x8D seven\n");
 }
 
 TEST(FixedColumns, MaskAndAlignTheirTexts) {

@@ -91,21 +91,51 @@ TEST_F(TargetFileTest, LeavesTheOldFileWhenTheDiskIsFullAtAnyByte) {
   }
 }
 
+TEST_F(TargetFileTest, GrowsByWhatIsWrittenWhenItIsCommitted) {
+  const auto append = TargetFile::Way::Append;
+  TargetFile file;
+  ASSERT_TRUE(file.open(name, append) && file.write("new") && file.finish());
+  EXPECT_EQ(contentsOf(name), "old");
+  folder.write("out", "old and another's ");
+  ASSERT_TRUE(file.commit());
+  EXPECT_EQ(contentsOf(name), "old and another's new");
+  EXPECT_EQ(file.start(), 18U);
+
+  ASSERT_TRUE(file.open(folder.file("later"), append) && file.write("first") && file.commit());
+  EXPECT_EQ(contentsOf(folder.file("later")) + std::to_string(file.start()), "first0");
+  // The disk is full behind the older file, while the new part alone has room.
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const std::string older(150000, 'o');
+  folder.write("out", older);
+  ASSERT_TRUE(file.open(name, append) && file.write(std::string(100000, 'n')));
+  const rlimit limit = {.rlim_cur = 249999, .rlim_max = before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &limit);
+  const bool done = file.commit();
+  setrlimit(RLIMIT_FSIZE, &before);
+  EXPECT_FALSE(done);
+  EXPECT_EQ(file.error(), name + ": File too large");
+  EXPECT_EQ(contentsOf(name), older);
+  EXPECT_EQ(folder.names(), (Names{"later", "out"}));
+}
+
 TEST_F(TargetFileTest, ClearsUpWhenTheProgramIsInterrupted) {
   // A program killed outright can leave its unfinished file, so SIGKILL comes last.
   for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP, SIGKILL}) {
-    TargetFile file;
+    TargetFile file, report;
     const pid_t child = fork();
     if (child == 0) {
       removeUnfinishedFileOnSignals();
-      if (file.open(name) && file.write("new")) std::raise(signalNumber);
+      const bool open = file.open(name) && report.open(name, TargetFile::Way::Append);
+      if (open && file.write("new") && report.write("new")) std::raise(signalNumber);
       _exit(1);
     }
     int status = 0;
     waitpid(child, &status, 0);
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signalNumber);
     EXPECT_EQ(contentsOf(name), "old");
-    EXPECT_EQ(folder.names().size(), signalNumber == SIGKILL ? 2U : 1U);
+    EXPECT_EQ(folder.names().size(), signalNumber == SIGKILL ? 3U : 1U);
   }
   TargetFile next;
   EXPECT_TRUE(next.open(name) && next.write("new") && next.commit());

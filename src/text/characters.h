@@ -1,0 +1,19 @@
+/// Texts as a person reads them: UTF-8, a character of several bytes in one column. A byte that is no part of such a
+/// character, as in files of older encodings, counts as a character of its own.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tovak::text {
+
+std::size_t characterCount(std::string_view text);
+
+/// The first `count` characters of a text, or the whole of a shorter one.
+std::string_view firstCharacters(std::string_view text, std::size_t count);
+
+/// Appends a text to a line of a page. Control characters, which would break the line or the page, become blanks.
+void appendPrintable(std::string& out, std::string_view text);
+
+}  // namespace tovak::text

@@ -1,0 +1,32 @@
+#include "text/date.h"
+
+#include <ctime>
+
+#include "text/number.h"
+
+namespace tovak::text {
+namespace {
+
+void appendTwoDigits(std::string& out, int value) {
+  if (value < 10) out += '0';
+  appendWhole(out, value);
+}
+
+}  // namespace
+
+Date today() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return {.year = local.tm_year + 1900, .month = local.tm_mon + 1, .day = local.tm_mday};
+}
+
+void appendDate(std::string& out, const Date& date, char separator) {
+  appendTwoDigits(out, date.month);
+  out += separator;
+  appendTwoDigits(out, date.day);
+  out += separator;
+  appendWhole(out, date.year);
+}
+
+}  // namespace tovak::text

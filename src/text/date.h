@@ -1,0 +1,20 @@
+/// A day of the calendar.
+#pragma once
+
+#include <string>
+
+namespace tovak::text {
+
+struct Date {
+  int year = 0;
+  int month = 0;  ///< 1 to 12
+  int day = 0;
+};
+
+/// The day it is where the program runs.
+Date today();
+
+/// Appends month, day and year as "mm", "dd" and "yyyy" with `separator` between them.
+void appendDate(std::string& out, const Date& date, char separator);
+
+}  // namespace tovak::text
