@@ -30,6 +30,7 @@ class ConsolePerson final : public run::Person {
   bool chooseTargetOptions(run::TargetOptions) override { return true; }
   bool typePoint(run::PointRecord&) override { return false; }
   void showRow(const run::PointRecord&, bool) override {}
+  void printReport(const run::ReportHeading&, std::uint64_t) override {}
   void showGrid() override {}
   void progress(std::uint64_t records) override;
 

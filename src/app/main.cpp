@@ -1,6 +1,5 @@
 #include <csignal>
 #include <cstdlib>
-#include <ctime>
 #include <exception>
 #include <iostream>
 #include <string>
@@ -19,13 +18,6 @@ bool isSet(const char* variable) {
   return value != nullptr && *value != '\0';
 }
 
-tovak::app::Date today() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  return {.year = local.tm_year + 1900, .month = local.tm_mon + 1, .day = local.tm_mday};
-}
-
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -39,7 +31,6 @@ int main(int count, char** arguments) {
                                    .err = std::cerr,
                                    .errIsTerminal = isatty(STDERR_FILENO) == 1,
                                    .hasDisplay = isSet("DISPLAY") || isSet("WAYLAND_DISPLAY"),
-                                   .today = today(),
                                    .window = tovak::app::openWindow});
   } catch (const std::exception& failure) {
     std::cerr << "Tovak: " << failure.what() << std::endl;

@@ -12,6 +12,7 @@
 #include "app/console_person.h"
 #include "app/usage.h"
 #include "formats/format_tables.h"
+#include "report/report_writer.h"
 #include "run/conversion_run.h"
 #include "run/data_folder.h"
 #include "text/strings.h"
@@ -111,7 +112,8 @@ ExitStatus stopWithoutEngine(const Preparation& prepared, bool inWindow, const r
 ExitStatus runProgram(const std::string& commandLine, const Surroundings& io) {
   const std::filesystem::path folder = run::dataFolder();
   prepareDataFolder(folder);
-  const run::FormatTables formats = formats::formatTables();
+  run::FormatTables formats = formats::formatTables();
+  formats.report = {.makeWriter = report::makeReportWriter, .version = TOVAK_VERSION, .today = io.today};
   if (asksForHelp(commandLine)) return showHelp(commandLine, formats, io);
 
   Preparation prepared;
@@ -129,7 +131,7 @@ ExitStatus runProgram(const std::string& commandLine, const Surroundings& io) {
   if (prepared.engine.engine == nullptr) return stopWithoutEngine(prepared, inWindow, formats, io);
   if (!line.reportFileNamed) {
     line.settings.reportEnabled = true;
-    line.settings.reportFileName = dailyReportName(folder, io.today);
+    line.settings.reportFileName = dailyReportName(folder, io.today());
   }
   formats::DefinitionsResult definitions = loadFormats(folder);
   prepared.delimitedFormats = std::move(definitions.table);

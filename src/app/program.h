@@ -22,7 +22,8 @@ struct Surroundings {
   std::ostream& err;
   bool errIsTerminal = false;
   bool hasDisplay = false;
-  Date today;
+  /// The clock: the day of the report's name, and of the head of every report.
+  text::Date (*today)() = text::today;
   /// Opens the window; see `openWindow`.
   WindowFunction* window = nullptr;
 };

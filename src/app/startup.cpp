@@ -6,7 +6,6 @@
 
 #include "formats/delimited/built_in_formats.h"
 #include "run/engine_loader.h"
-#include "text/number.h"
 
 namespace tovak::app {
 namespace {
@@ -14,11 +13,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kDefinitionsName = "Tovak.cdf";
-
-void appendTwoDigits(std::string& out, int value) {
-  if (value < 10) out += '0';
-  text::appendWhole(out, value);
-}
 
 }  // namespace
 
@@ -47,13 +41,9 @@ formats::DefinitionsResult loadFormats(const fs::path& dataFolder) {
   return fs::exists(path, unknown) ? formats::loadDefinitions(path) : standardAlone;
 }
 
-std::string dailyReportName(const fs::path& dataFolder, const Date& date) {
+std::string dailyReportName(const fs::path& dataFolder, const text::Date& date) {
   std::string name = "Tovak";
-  appendTwoDigits(name, date.month);
-  name += '-';
-  appendTwoDigits(name, date.day);
-  name += '-';
-  text::appendWhole(name, date.year);
+  text::appendDate(name, date, '-');
   name += ".rpt";
   return (dataFolder / name).string();
 }

@@ -9,14 +9,9 @@
 #include "formats/delimited/definitions_file.h"
 #include "run/conversion_engine.h"
 #include "run/message.h"
+#include "text/date.h"
 
 namespace tovak::app {
-
-struct Date {
-  int year = 0;
-  int month = 0;  ///< 1 to 12
-  int day = 0;
-};
 
 /// Creates the data folder when it is missing, and copies the installed definitions file (in the folder named by the
 /// environment variable ProgramFiles, under "Tovak") into it when it holds none; an existing one is never touched.
@@ -31,7 +26,7 @@ std::string definitionsFile(const std::filesystem::path& dataFolder);
 formats::DefinitionsResult loadFormats(const std::filesystem::path& dataFolder);
 
 /// The report file of a day: "Tovak", the date as mm-dd-yyyy and ".rpt", in the data folder.
-std::string dailyReportName(const std::filesystem::path& dataFolder, const Date& date);
+std::string dailyReportName(const std::filesystem::path& dataFolder, const text::Date& date);
 
 struct EngineStart {
   std::unique_ptr<run::ConversionEngine> engine;  ///< null when the program cannot go on

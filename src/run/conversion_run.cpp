@@ -10,12 +10,11 @@
 #include "run/combination_rules.h"
 #include "run/default_numbering.h"
 #include "run/format_index.h"
-#include "run/labels.h"
 #include "run/projection_box.h"
 #include "run/projection_code.h"
 #include "run/run_messages.h"
+#include "run/run_outputs.h"
 #include "text/line_reader.h"
-#include "text/line_writer.h"
 #include "text/strings.h"
 
 namespace tovak::run {
@@ -24,21 +23,6 @@ namespace {
 /// How many records pass between two reports of progress.
 constexpr std::uint64_t kProgressStep = 4096;
 
-/// The grid keeps the most recent points only: every thousandth starts it afresh.
-class GridRows {
- public:
-  /// Counts a converted point; true when the grid is to be emptied before its row.
-  bool countPoint() {
-    ++counter_;
-    const bool fresh = counter_ % 1000 == 0;
-    if (fresh) counter_ = 1;
-    return fresh;
-  }
-
- private:
-  int counter_ = -1;
-};
-
 class ConversionRun {
  public:
   ConversionRun(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats, Person& person)
@@ -46,7 +30,8 @@ class ConversionRun {
         engine_(engine),
         person_(person),
         source_(formats.sources[static_cast<std::size_t>(settings.sourceFormat)]),
-        target_(formats.targets[static_cast<std::size_t>(settings.targetFormat)]) {}
+        target_(formats.targets[static_cast<std::size_t>(settings.targetFormat)]),
+        outputs_(settings, formats, person) {}
 
   RunResult execute();
 
@@ -60,22 +45,20 @@ class ConversionRun {
   bool takeProjectionTexts();
   bool completeTargetName();
   bool openSource();
-  bool openTarget();
+  bool openOutputs();
   bool convertPoints();
   bool finish();
 
   bool prepare();
-  std::string targetSystem();
   bool interpretAngles(PointRecord& point) const;
   bool convertPoint(PointRecord& point);
   bool writePoint(const PointRecord& point);
-  void skip(const PointRecord& point, Tally& tally, const std::string& reason);
+  bool skip(const PointRecord& point, Tally& tally, const std::string& reason);
   bool endOfSource();
   bool stopKeepingPoints(const Message& message);
-  bool stopForTarget() { return stop(systemMessage(targetLines_.error())); }
+  bool stopForOutputs() { return stop(systemMessage(outputs_.error())); }
 
   bool interactive() const { return settings_.BatchMode == 0; }
-  bool writesFile() const { return target_.kind == TargetKind::File; }
   void report(const Message& message);
   bool stop(const Message& message);
 
@@ -88,10 +71,8 @@ class ConversionRun {
   RunResult result_;
   Message readerMessage_;
   text::LineReader sourceLines_;
-  text::LineWriter targetLines_;
   std::unique_ptr<PointReader> reader_;
-  std::unique_ptr<PointWriter> writer_;
-  GridRows gridRows_;
+  RunOutputs outputs_;
 };
 
 RunResult ConversionRun::execute() {
@@ -110,7 +91,7 @@ bool ConversionRun::prepare() {
   if (!checkGeodeticCsvChoice() || !leaveForAgencyRun()) return false;
   prepareFormats();
   return checkCombination() && confirmWarnings() && takeProjectionTexts() && completeTargetName() && openSource() &&
-         openTarget();
+         openOutputs();
 }
 
 void ConversionRun::report(const Message& message) {
@@ -210,23 +191,15 @@ bool ConversionRun::openSource() {
                                 .counts = result_.counts,
                                 .person = person_,
                                 .message = readerMessage_,
-                                .otherLines = target_.takesOtherLines ? &targetLines_ : nullptr});
+                                .otherLines = target_.takesOtherLines ? &outputs_.targetLines() : nullptr});
   if (reader_->check()) return true;
   const bool faulty = sourceLines_.fault() != text::LineReader::Fault::None;
   return stop(faulty ? systemMessage(sourceLines_.error()) : readerMessage_);
 }
 
-std::string ConversionRun::targetSystem() {
-  const std::string data = engine_.GetProjectionData(settings_.TargetProjectionCode);
-  return data.empty() ? settings_.target.projectionText : data.substr(0, data.find('~'));
-}
-
-bool ConversionRun::openTarget() {
-  if (!writesFile()) return true;
-  if (!targetLines_.open(settings_.target.fileName)) return stopForTarget();
-  writer_ = target_.makeWriter({.lines = targetLines_, .settings = settings_, .targetSystem = targetSystem()});
-  if (targetLines_.writeLine(identificationLine(settings_)) && writer_->begin()) return true;
-  return stopForTarget();
+bool ConversionRun::openOutputs() {
+  if (settings_.reportEnabled && settings_.reportFileName.empty()) return stop(messages::reportNameMissing());
+  return outputs_.open(engine_) || stopForOutputs();
 }
 
 bool ConversionRun::convertPoints() {
@@ -263,8 +236,7 @@ bool ConversionRun::endOfSource() {
 }
 
 bool ConversionRun::stopKeepingPoints(const Message& message) {
-  if (writesFile() && !(writer_->end() && targetLines_.commit())) return stopForTarget();
-  return stop(message);
+  return outputs_.finish(false) ? stop(message) : stopForOutputs();
 }
 
 /// False only when the run has to stop: a point that is refused is skipped.
@@ -273,16 +245,14 @@ bool ConversionRun::convertPoint(PointRecord& point) {
     takeDefaultNumber(settings_, point.pointNumber);
   }
   if (isLatLong(settings_.SourceProjectionCode) && !interpretAngles(point)) {
-    skip(point, result_.counts.refusedAngle, messages::noAngle());
-    return true;
+    return skip(point, result_.counts.refusedAngle, messages::noAngle());
   }
   const std::string_view form = settings_.latLongForm == text::AngleForm::DecimalDegrees ? "D" : "S";
   const std::int16_t ErrorCode = engine_.TovakVert(
       point.InNorthLat, point.InEastLon, point.Elevation, settings_.source.projectionText, point.OutNorthLat,
       point.OutEastLon, point.Elevation, settings_.target.projectionText, point.OutInfo, form);
   if (ErrorCode >= 1) {
-    skip(point, result_.counts.refusedByEngine, engine_.ErrorText(ErrorCode));
-    return true;
+    return skip(point, result_.counts.refusedByEngine, engine_.ErrorText(ErrorCode));
   }
   return writePoint(point);
 }
@@ -298,31 +268,28 @@ bool ConversionRun::interpretAngles(PointRecord& point) const {
   return true;
 }
 
-void ConversionRun::skip(const PointRecord& point, Tally& tally, const std::string& reason) {
+bool ConversionRun::skip(const PointRecord& point, Tally& tally, const std::string& reason) {
   countSkipped(result_.counts, tally, point.sourceLine, reason);
+  if (!outputs_.writeRefused(point, reason)) return stopForOutputs();
   if (interactive()) person_.show(messages::pointRefused(reason, sourceLines_.fileName(), point.sourceLine));
+  return true;
 }
 
 bool ConversionRun::writePoint(const PointRecord& point) {
-  if (writesFile() && !writer_->write(point)) return stopForTarget();
+  if (!outputs_.write(point)) return stopForOutputs();
   ++result_.counts.converted;
-  const bool intoGrid = target_.kind == TargetKind::Screen || settings_.reportEnabled;
-  if (intoGrid) person_.showRow(point, gridRows_.countPoint());
   return true;
 }
 
 bool ConversionRun::finish() {
-  if (writesFile()) {
-    if (!writer_->end()) return stopForTarget();
-    if (!target_.closingLine.empty() && !targetLines_.writeLine(target_.closingLine)) return stopForTarget();
-    if (!targetLines_.commit()) return stopForTarget();
-  }
+  if (!outputs_.finish(true)) return stopForOutputs();
   if (!interactive()) return true;
   if (!settings_.reportEnabled) {
     person_.show(messages::finished());
-  } else if (source_.kind == SourceKind::File) {
-    person_.showGrid();
+    return true;
   }
+  if (settings_.printReport) person_.printReport(outputs_.heading(), outputs_.reportStart());
+  if (source_.kind == SourceKind::File) person_.showGrid();
   return true;
 }
 

@@ -31,8 +31,8 @@ struct RunResult {
 /// the run changes what the person sees change: the next default point number, a target file name that was completed,
 /// `BatchMode`, and the choices that a source format forces.
 ///
-/// The target file appears when the run has finished, or when it was stopped by a message in the middle: then it holds
-/// the points so far. A failure of the operating system leaves an older target as it was.
+/// The target file and the report appear when the run has finished, or when it was stopped by a message in the middle:
+/// then they hold the points so far. A failure of the operating system in one of them leaves both as they were.
 RunResult convert(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats, Person& person);
 
 /// The message for a failure of the operating system (file name and the system's text).

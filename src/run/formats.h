@@ -9,6 +9,7 @@
 #include "run/person.h"
 #include "run/point_record.h"
 #include "run/record_counts.h"
+#include "run/report_heading.h"
 #include "run/run_settings.h"
 #include "text/line_reader.h"
 #include "text/line_writer.h"
@@ -55,7 +56,8 @@ struct TargetContext {
   std::string targetSystem;  ///< the engine's name of the target system, else its projection text
 };
 
-/// Writes one point per call. Each operation returns false when the file failed; its error is the line writer's.
+/// Writes one point per call: a target's format, or the report. Each operation returns false when the file failed; its
+/// error is the line writer's.
 class PointWriter {
  public:
   PointWriter() = default;
@@ -65,6 +67,8 @@ class PointWriter {
 
   virtual bool begin() = 0;
   virtual bool write(const PointRecord& point) = 0;
+  /// Tells of a point that was refused, in words. A format of points has no place for it.
+  virtual bool writeRefused(const PointRecord& /*point*/, std::string_view /*reason*/) { return true; }
   virtual bool end() = 0;
 };
 
@@ -99,10 +103,25 @@ struct TargetFormat {
   std::string_view closingLine = {};
 };
 
-/// The formats in the order of the lists that people choose from.
+/// What the writer of a report works with.
+struct ReportContext {
+  text::LineWriter& lines;
+  const RunSettings& settings;
+  const ReportHeading& heading;
+};
+
+/// How a run comes by its report. Without a writer there is none.
+struct ReportFormat {
+  std::unique_ptr<PointWriter> (*makeWriter)(const ReportContext&) = nullptr;
+  std::string_view version = {};  ///< the program's: major, minor and revision numbers joined by "."
+  text::Date (*today)() = nullptr;
+};
+
+/// The formats in the order of the lists that people choose from, and that of the report.
 struct FormatTables {
   std::span<const SourceFormat> sources;
   std::span<const TargetFormat> targets;
+  ReportFormat report = {};
 };
 
 }  // namespace tovak::run

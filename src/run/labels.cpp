@@ -47,6 +47,10 @@ std::string_view adjustmentSuffix(std::int16_t projectionCode, Adjustment adjust
   return adjustmentTexts(projectionCode, adjustment).suffix;
 }
 
+std::string_view verticalDatumLabel(VerticalDatum datum) {
+  return datum == VerticalDatum::Navd88 ? "NAVD88" : "NGVD29";
+}
+
 std::string identificationLine(const RunSettings& settings) {
   std::string line = "$Tovak#" + settings.target.projectionText;
   line += adjustmentSuffix(settings.TargetProjectionCode, settings.adjustment);

@@ -25,6 +25,9 @@ std::string_view datumLabel(std::int16_t projectionCode, Adjustment adjustment);
 /// "-1986" and so on; empty for NAD27 and for no adjustment.
 std::string_view adjustmentSuffix(std::int16_t projectionCode, Adjustment adjustment);
 
+/// "NAVD88" or "NGVD29".
+std::string_view verticalDatumLabel(VerticalDatum datum);
+
 /// The first line of every target file, by which the program knows its own files again.
 std::string identificationLine(const RunSettings& settings);
 

@@ -6,6 +6,7 @@
 
 #include "run/message.h"
 #include "run/point_record.h"
+#include "run/report_heading.h"
 #include "run/run_settings.h"
 
 namespace tovak::run {
@@ -32,6 +33,8 @@ class Person {
   virtual bool typePoint(PointRecord& point) = 0;
   /// Adds a converted point to the output grid, which is emptied and headed afresh first when `freshGrid` is set.
   virtual void showRow(const PointRecord& point, bool freshGrid) = 0;
+  /// Prints the report that begins at byte `start` of the report file.
+  virtual void printReport(const ReportHeading& heading, std::uint64_t start) = 0;
   /// Shows the output grid until it is closed.
   virtual void showGrid() = 0;
   /// Tells now and then how many records have been read so far.

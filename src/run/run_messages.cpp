@@ -51,6 +51,10 @@ std::string lineOfFile(std::uint64_t line, const std::string& fileName) {
   return where + " of " + fileName;
 }
 
+Message reportNameMissing() {
+  return {"The report file has no name.", "Report File", Icon::Exclamation, "txtPrintFile"};
+}
+
 Message pointRefused(const std::string& reason, const std::string& fileName, std::uint64_t line) {
   Message message = {.text = reason, .title = "TovakX Conversion Error", .icon = Icon::None, .ofOnePoint = true};
   if (!fileName.empty()) message.detail = lineOfFile(line, fileName);

@@ -16,6 +16,7 @@ Message waypointsInLatLong();
 Message crossingDatums();
 Message changeFileName();
 Message finished();
+Message reportNameMissing();
 
 /// Where in a file something is: "line 7 of points.csv".
 std::string lineOfFile(std::uint64_t line, const std::string& fileName);

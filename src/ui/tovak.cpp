@@ -19,6 +19,7 @@
 #include "text/number.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
+#include "ui/report_printing.h"
 #include "ui/system_list.h"
 #include "ui/tovak_com_del.h"
 #include "ui/window_person.h"
@@ -38,10 +39,12 @@ QString droppedFile(const QMimeData& data) {
 }
 
 /// Qt writes the filter's pattern in brackets only, and takes "*" for any name.
-QString askForFile(QWidget* parent, const QString& title, const QString& folder, bool toSave) {
+QString askForFile(QWidget* parent, const QString& title, const QString& folder, bool toSave,
+                   const QString& suggested = {}) {
   QFileDialog dialog(parent, title, folder, "All Files (*)");
   dialog.setAcceptMode(toSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(toSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  if (!suggested.isEmpty()) dialog.selectFile(suggested);
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().front() : QString();
 }
 
@@ -185,6 +188,8 @@ void frmTovak::connectMenus() {
   connect(f.mnuFileSourceLayout, &QAction::triggered, f.cmdSourceLayout, &QPushButton::click);
   connect(f.mnuFileTargetLayout, &QAction::triggered, f.cmdTargetLayout, &QPushButton::click);
   connect(f.mnuFileExecute, &QAction::triggered, this, &frmTovak::execute);
+  connect(f.mnuFilePrint, &QAction::triggered, this, [this] { openReport(printReport); });
+  connect(f.mnuFilePreview, &QAction::triggered, this, [this] { openReport(previewReport); });
   connect(f.mnuFileExit, &QAction::triggered, this, &QWidget::close);
   connect(f.mnuToolsNumbering, &QAction::triggered, this, &frmTovak::openOptions<frmTovakDefPtNo>);
   connect(f.mnuToolsLayouts, &QAction::triggered, this, [this] { editLayouts(formats::EditorPurpose::Utility); });
@@ -362,6 +367,16 @@ void frmTovak::browseReport() {
   refresh();
 }
 
+void frmTovak::openReport(void (*use)(QWidget*, report::ReportSheets&)) {
+  const QFileInfo current(toQString(selections_.run.reportFileName));
+  const bool there = current.isFile();
+  const QString name = askForFile(this, tr("Report File to Print"), there ? current.absolutePath() : folder_, false,
+                                  there ? current.fileName() : QString());
+  if (name.isEmpty()) return;
+  report::ReportSheets sheets(name.toStdString());
+  use(this, sheets);
+}
+
 void frmTovak::takeSourceFile(const QString& name) {
   selections_.run.source.fileName = name.toStdString();
   if (selection::presetFromFile(selections_, selections_.run.source.fileName)) {
@@ -409,9 +424,7 @@ void frmTovak::execute() {
   selection::takeBack(selections_, settings);
   refresh();
   if (recordsRead(result.counts) == 0) return;
-  QString account = toQString(app::accountLine(result.counts));
-  if (settings.reportEnabled) account += tr("  No report was written: reports are not available yet.");
-  statusBar()->showMessage(account);
+  statusBar()->showMessage(toQString(app::accountLine(result.counts)));
 }
 
 void frmTovak::paintProgress(std::uint64_t records) {

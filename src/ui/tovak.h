@@ -8,6 +8,7 @@
 
 #include "app/window_start.h"
 #include "formats/delimited/format_editor.h"
+#include "report/report_sheets.h"
 #include "selection/selections.h"
 #include "ui/help_window.h"
 #include "ui/tovak_about.h"
@@ -87,6 +88,8 @@ class frmTovak : public QMainWindow {
   void chooseSystem(const SideWidgets& side);
   void browse(const SideWidgets& side);
   void browseReport();
+  /// Prints or previews a report file that the person chooses.
+  void openReport(void (*use)(QWidget*, report::ReportSheets&));
   void takeSourceFile(const QString& name);
   void dropFile(selection::Side side, const QString& name);
   template <typename Dialog>

@@ -9,6 +9,7 @@
 #include "run/projection_code.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
+#include "ui/report_printing.h"
 
 namespace tovak::ui {
 namespace {
@@ -104,6 +105,13 @@ void WindowPerson::showRow(const run::PointRecord& point, bool freshGrid) {
   report::makePointTexts(point, settings_, texts_);
   grid().addRow(point.pointNumber, point.description, texts_, point.OutInfo);
   rowsToShow_ = true;
+}
+
+void WindowPerson::printReport(const run::ReportHeading& heading, std::uint64_t start) {
+  report::ReportSheets sheets(settings_.reportFileName, start, heading);
+  QApplication::setOverrideCursor(Qt::ArrowCursor);
+  ui::printReport(&window_, sheets);
+  QApplication::restoreOverrideCursor();
 }
 
 void WindowPerson::showGrid() {

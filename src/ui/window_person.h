@@ -42,6 +42,7 @@ class WindowPerson final : public run::Person {
   bool chooseTargetOptions(run::TargetOptions options) override;
   bool typePoint(run::PointRecord& point) override;
   void showRow(const run::PointRecord& point, bool freshGrid) override;
+  void printReport(const run::ReportHeading& heading, std::uint64_t start) override;
   void showGrid() override;
   void progress(std::uint64_t records) override;
 

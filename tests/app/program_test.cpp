@@ -20,7 +20,7 @@ class Program : public testing::Test {
   ExitStatus run(const std::string& line) {
     out.str({});
     err.str({});
-    return runProgram(line, {.out = out, .err = err, .today = {2026, 11, 21}});
+    return runProgram(line, {.out = out, .err = err, .today = [] { return text::Date{2026, 11, 21}; }});
   }
   /// Converts the points from `in.csv` to `out.csv`.
   ExitStatus convert(std::string_view points, const std::string& options) {

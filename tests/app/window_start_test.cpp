@@ -23,9 +23,14 @@ struct Opened {
 
 std::vector<Opened> opened;
 bool moduleMissing = false;
+text::Date aDay() {
+  return {2026, 11, 21};
+}
+auto* dayOfReports = text::today;
 
 bool recordWindow(const WindowStart& start, std::string& reason) {
   if (moduleMissing) reason = "TovakWindow.so: no such file";
+  dayOfReports = start.formatTables.report.today;
   if (!moduleMissing)
     opened.push_back({start.settings, start.messages, start.engine != nullptr, start.definitionsFile});
   return !moduleMissing;
@@ -39,8 +44,7 @@ class WindowStartTest : public testing::Test {
   }
 
   ExitStatus run(const std::string& line) {
-    return runProgram(line,
-                      {.out = out, .err = err, .hasDisplay = true, .today = {2026, 11, 21}, .window = recordWindow});
+    return runProgram(line, {.out = out, .err = err, .hasDisplay = true, .today = aDay, .window = recordWindow});
   }
 
   const tests::TemporaryFolder folder;
@@ -59,6 +63,7 @@ TEST_F(WindowStartTest, OpensEmptyWithTheReportOfTheDay) {
   EXPECT_EQ(settings.reportFileName, folder.file("AppData/QrAppsData/Tovak11-21-2026.rpt"));
   EXPECT_EQ(settings.TargetProjectionCode, 1);
   EXPECT_EQ(opened[0].definitionsFile, folder.file("AppData/QrAppsData/Tovak.cdf"));
+  EXPECT_EQ(dayOfReports, aDay);
   EXPECT_EQ(err.str(), "");
 }
 

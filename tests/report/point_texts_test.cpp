@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/allocation_counter.h"
-
 namespace tovak::report {
 namespace {
 
@@ -60,31 +58,6 @@ TEST(PointTexts, OfALatitudeAndLongitudeTarget) {
   makePointTexts(point, settings, texts);
   EXPECT_EQ(texts.targetNorthing, "45 00 00.00000");
   EXPECT_EQ(texts.targetEasting, "-00 00 00.36000");
-}
-
-TEST(PointTexts, AreTheReadersOwnWhereItKeptThem) {
-  run::PointRecord point;
-  point.InNorthLat = 45.5;
-  point.reportNorthing = "453015.50";
-  point.reportEasting = "931530.25";
-  PointTexts texts;
-  makePointTexts(point, run::RunSettings(), texts);
-  EXPECT_EQ(texts.northing, "453015.50");
-  EXPECT_EQ(texts.easting, "931530.25");
-}
-
-TEST(PointTexts, KeepTheirMemory) {
-  run::PointRecord point;
-  point.InNorthLat = 45.5;
-  point.InEastLon = -93.25;
-  point.OutNorthLat = 400123.4567;
-  point.OutEastLon = 2500000.5;
-  const run::RunSettings settings;
-  PointTexts texts;
-  makePointTexts(point, settings, texts);
-  const std::size_t before = tests::allocationCount();
-  makePointTexts(point, settings, texts);
-  EXPECT_EQ(tests::allocationCount(), before);
 }
 
 }  // namespace

@@ -54,6 +54,21 @@ struct LinesWriter final : PointWriter {
   TargetContext context;
 };
 
+/// A report of lines, to see what the run tells it.
+struct LinesReport final : PointWriter {
+  explicit LinesReport(const ReportContext& given) : context(given) {}
+  bool begin() override {
+    return context.lines.writeLine(context.heading.version + ' ' + context.heading.source + ' ' +
+                                   context.heading.target);
+  }
+  bool write(const PointRecord& point) override { return writeRefused(point, "converted"); }
+  bool writeRefused(const PointRecord& point, std::string_view reason) override {
+    return context.lines.writeLine(point.pointNumber + ' ' + std::string(reason));
+  }
+  bool end() override { return context.lines.writeLine("end of report"); }
+  ReportContext context;
+};
+
 constexpr std::int16_t kPacked = source::BlueBook;
 constexpr std::int16_t kForcing = source::Maptech;
 constexpr std::int16_t kNotYet = 2;
@@ -112,8 +127,18 @@ class ConversionRun : public testing::Test {
     engine.calls.clear();
     const std::vector<SourceFormat> from = sources();
     const std::vector<TargetFormat> to = targets();
-    return convert(settings, engine, {.sources = from, .targets = to}, person);
+    const ReportFormat report = {.makeWriter = [](const ReportContext& c) -> std::unique_ptr<PointWriter> {
+                                   return std::make_unique<LinesReport>(c);
+                                 },
+                                 .version = "1.2.3",
+                                 .today = text::today};
+    return convert(settings, engine, {.sources = from, .targets = to, .report = report}, person);
   }
+  void enableReport() {
+    settings.reportEnabled = true;
+    settings.reportFileName = folder.write("report", "old report\n");
+  }
+  std::string report() const { return contentsOf(settings.reportFileName); }
   bool finishes() { return run("1 1 A\n").outcome == RunOutcome::Finished; }
 
   std::string target() const { return contentsOf(settings.target.fileName); }
@@ -333,7 +358,7 @@ TEST_F(ConversionRun, TurnsInteractiveOnTheFirstMessageOfBatchModeOne) {
 TEST_F(ConversionRun, FillsTheGridWithTheMostRecentPoints) {
   settings.sourceFormat = source::Keyboard;
   settings.targetFormat = target::ScreenOnly;
-  settings.reportEnabled = true;
+  enableReport();
   person.typed.resize(2001, {"", 1, 1});
   EXPECT_EQ(run("").counts.converted, 2001U);
   std::vector<std::size_t> fresh;
@@ -344,6 +369,48 @@ TEST_F(ConversionRun, FillsTheGridWithTheMostRecentPoints) {
   EXPECT_EQ(person.gridsShown, 0);
   settings.sourceFormat = source::CommaDelimited;
   EXPECT_TRUE(finishes() && person.gridsShown == 1);
+}
+
+TEST_F(ConversionRun, ReportsWhatBecameOfEachPointAndPrintsIt) {
+  enableReport();
+  settings.adjustment = Adjustment::Nad83_2011;
+  settings.printReport = settings.appendReport = true;
+  settings.TargetProjectionCode = 263;
+  engine.project = "Bypass~Projection = 5M";
+  engine.refusals = {{30, 8}};
+  const std::string head = "old report\n1.2.3 NAD83(2011) 2 NAD27 Bypass\nA converted\n", end = "end of report\n";
+  // A message in the middle keeps the points so far; what it stopped is not printed.
+  const std::tuple<std::string, std::string, bool> cases[] = {
+      {"30 40 B\n", "B refused with 8\n", true}, {"tab\n3 3 C\n", "", true}, {"broken\n3 3 C\n", "", false}};
+  for (const auto& [points, told, printed] : cases) {
+    folder.write("report", "old report\n");
+    person.printedFrom.clear();
+    run("10 20 A\n" + points);
+    EXPECT_EQ(report(), head + told + end);
+    EXPECT_EQ(person.printedFrom, printed ? std::vector<std::uint64_t>{11} : std::vector<std::uint64_t>());
+  }
+}
+
+TEST_F(ConversionRun, ReplacesNeitherFileWhenOneCannotBeWritten) {
+  enableReport();
+  const std::string name = settings.reportFileName, out = settings.target.fileName;
+  const std::string missing = folder.file("missing/file"), inMissing = missing + ": No such file or directory";
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      {out, missing, inMissing},
+      {out, "/dev/full", "/dev/full: No space left on device"},
+      {out, "", "The report file has no name."},
+      {missing, name, inMissing},
+      {"/dev/full", name, "/dev/full: No space left on device"}};
+  for (const bool append : {false, true}) {
+    for (const auto& [target, report, text] : cases) {
+      settings.appendReport = append;
+      settings.target.fileName = target;
+      settings.reportFileName = report;
+      EXPECT_EQ(run("1 1 A\n").MessageText, text);
+      EXPECT_EQ(contentsOf(out) + contentsOf(name), "oldold report\n");
+      EXPECT_EQ(folder.names(), (std::vector<std::string>{"in", "out", "report"}));
+    }
+  }
 }
 
 }  // namespace

@@ -20,6 +20,7 @@ class ScriptedPerson final : public run::Person {
   std::vector<run::Message> questions;
   std::vector<bool> freshGrids;  ///< one entry a row
   int gridsShown = 0;
+  std::vector<std::uint64_t> printedFrom;
   std::vector<run::TargetOptions> optionsShown;
 
   bool answer = true;         ///< to every question
@@ -46,6 +47,7 @@ class ScriptedPerson final : public run::Person {
     return true;
   }
   void showRow(const run::PointRecord&, bool freshGrid) override { freshGrids.push_back(freshGrid); }
+  void printReport(const run::ReportHeading&, std::uint64_t start) override { printedFrom.push_back(start); }
   void showGrid() override { ++gridsShown; }
   void progress(std::uint64_t) override {}
 };

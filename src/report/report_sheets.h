@@ -1,0 +1,71 @@
+/// A report file as sheets of paper: lines of text, ready to be painted one below the other.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "run/report_heading.h"
+#include "text/line_reader.h"
+
+namespace tovak::report {
+
+/// The lines of one sheet, as characters for a fixed pitch: no control characters, not necessarily valid UTF-8.
+using Sheet = std::vector<std::string>;
+
+/// What the sheets of a report need of the paper.
+struct SheetSize {
+  std::size_t columns = 0;  ///< characters of the widest line
+  std::size_t lines = 0;    ///< of the tallest sheet
+  int sheets = 0;
+};
+
+/// Cuts a file at its form feeds, one sheet a page. A line of more than 132 characters goes on in the next; a page of
+/// more lines than can be read on one sheet goes on on the next. Any bytes will do, and memory does not grow with the
+/// file.
+class ReportSheets {
+ public:
+  /// From byte `start` of the file on. With a heading, which is for the report of a run, every sheet has the printed
+  /// head instead of the file's, above the column heads and points of the file.
+  explicit ReportSheets(std::string fileName, std::uint64_t start = 0,
+                        std::optional<run::ReportHeading> heading = std::nullopt);
+  ReportSheets(const ReportSheets&) = delete;
+  ReportSheets& operator=(const ReportSheets&) = delete;
+  ~ReportSheets() = default;
+
+  /// Opens the file and reads it once to learn the size. False: `error()` says why.
+  bool open();
+  const SheetSize& size() const { return size_; }
+  /// Begins again at the first sheet.
+  bool rewind();
+  /// The next sheet; false behind the last one, and when the file failed.
+  bool next(Sheet& sheet);
+
+  const std::string& fileName() const { return fileName_; }
+  /// What went wrong, with the file's name, empty without a failure.
+  const std::string& error() const { return lines_.error(); }
+
+ private:
+  enum class Piece { Line, PageEnd, End };
+  Piece take();
+  Piece takeBodyPiece();
+  void measure();
+  Sheet head() const;
+
+  const std::string fileName_;
+  const std::uint64_t start_;
+  const std::optional<run::ReportHeading> heading_;
+  SheetSize size_;
+
+  text::LineReader lines_;
+  std::string_view rest_;  ///< of the line being cut
+  bool inLine_ = false;
+  bool inHead_ = false;  ///< of a page whose head is replaced
+  std::string line_;
+  int number_ = 0;
+};
+
+}  // namespace tovak::report

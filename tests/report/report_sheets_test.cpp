@@ -1,0 +1,51 @@
+#include "report/report_sheets.h"
+
+#include <gtest/gtest.h>
+
+#include "support/temporary_folder.h"
+
+namespace tovak::report {
+namespace {
+
+TEST(ReportSheets, CutAnyFileAtItsFormFeeds) {
+  const tests::TemporaryFolder folder;
+  const std::string wide(133, 'w'), odd = "\xC3\x84\xE4";
+  std::string tall;
+  for (int i = 0; i < 96; ++i) tall += "l\n";
+  const auto lines = [](int count, const std::string& end) {
+    std::string all;
+    for (int i = 0; i < count; ++i) all += "l|";
+    return all + end;
+  };
+  const struct {
+    std::string bytes;
+    std::string sheets;  ///< lines ended by "|", sheets by "#"
+    SheetSize size;
+  } cases[] = {
+      {"", "", {0, 0, 0}},
+      {"\f\f\n\f", "", {0, 0, 0}},
+      {"a\r\n\nbcd\n\f\ne", "a||bcd|#e|#", {3, 3, 2}},
+      {"\fa\f\fb\fc\n", "a|#b|#c|#", {1, 1, 3}},
+      {std::string("x\0\t\x7F", 4) + odd, "x   " + odd + "|#", {6, 1, 1}},
+      {wide + "\n", wide.substr(1) + "|w|#", {132, 2, 1}},
+      {tall + "\fl\n", lines(96, "#l|#"), {1, 96, 2}},
+      {tall + "l\n\fl\n", lines(68, "#") + lines(29, "#l|#"), {1, 68, 3}},
+  };
+  for (const auto& c : cases) {
+    ReportSheets sheets(folder.write("file", c.bytes));
+    ASSERT_TRUE(sheets.open());
+    std::string all;
+    for (Sheet sheet; sheets.next(sheet); all += '#') {
+      for (const std::string& line : sheet) all += line + '|';
+    }
+    EXPECT_EQ(all, c.sheets);
+    const SheetSize& size = sheets.size();
+    EXPECT_EQ(std::tie(size.columns, size.lines, size.sheets), std::tie(c.size.columns, c.size.lines, c.size.sheets));
+  }
+  ReportSheets endless(folder.write("long", "a\n" + std::string(2 << 20, 'x')));
+  EXPECT_FALSE(endless.open());
+  EXPECT_EQ(endless.error(), folder.file("long") + ": line 2 is longer than 1 MiB");
+}
+
+}  // namespace
+}  // namespace tovak::report

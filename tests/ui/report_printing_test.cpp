@@ -1,0 +1,186 @@
+// Reports printed into PDF files, whose texts are taken out again by pdftotext.
+#include "ui/report_printing.h"
+
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPrintPreviewWidget>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSpinBox>
+#include <QStandardPaths>
+#include <csignal>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include "formats/delimited/built_in_formats.h"
+#include "formats/format_tables.h"
+#include "report/report_writer.h"
+#include "run/format_index.h"
+#include "support/dialog_script.h"
+#include "support/scripted_engine.h"
+#include "support/temporary_folder.h"
+#include "support/widgets.h"
+#include "ui/tovak.h"
+
+namespace tovak::ui {
+namespace {
+
+using tests::control;
+
+/// What pdftotext finds in a file.
+QString pdfText(const QString& file, const char* option) {
+  QProcess process;
+  process.start("pdftotext", {option, file, "-"});
+  EXPECT_TRUE(process.waitForFinished());
+  return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+/// The words of each line, without empty lines and pages.
+QStringList linesOf(const QString& text) {
+  QStringList lines;
+  for (const QString& line : text.split('\n')) lines += line.simplified();
+  lines.removeAll("");
+  return lines;
+}
+
+class ReportPrinting : public testing::Test {
+ protected:
+  ReportPrinting() {
+    start.engine = &engine;
+    start.formatTables = formats::formatTables();
+    start.formatTables.report = {report::makeReportWriter, "1.2.3", [] { return text::Date{2026, 11, 21}; }};
+    start.delimitedFormats = {formats::standardFormat()};
+    run::RunSettings& settings = start.settings;
+    settings.sourceFormat = settings.targetFormat = run::source::CommaDelimited;
+    settings.SourceProjectionCode = settings.TargetProjectionCode = 4;
+    settings.source.fileName = folder.write("in.csv", [] {
+      std::string points;
+      for (int i = 1; i <= 15; ++i) points += std::to_string(i) + ",2,HILL AND DALE,101,812.5\n";
+      return points;
+    }());
+    settings.target.fileName = folder.file("out.csv");
+    settings.reportEnabled = settings.appendReport = settings.printReport = true;
+    settings.reportFileName = folder.write("day.rpt", "An earlier note.\n");
+  }
+  void SetUp() override {
+    if (QStandardPaths::findExecutable("pdftotext").isEmpty()) GTEST_SKIP() << "pdftotext (poppler-utils) is missing";
+  }
+
+  /// Answers the print dialog with a file, whatever printers there are.
+  void expectPrinting(const std::function<void(QDialog&)>& alsoChoose = [](QDialog&) {}) {
+    dialogs.expect("QPrintDialog", [this, alsoChoose](QDialog& dialog) {
+      auto& printers = control<QComboBox>(dialog, "printers");
+      printers.setCurrentIndex(printers.findText("PDF", Qt::MatchContains));
+      control<QLineEdit>(dialog, "filename").setText(pdf);
+      alsoChoose(dialog);
+      dialog.accept();
+    });
+  }
+
+  const tests::TemporaryFolder folder;
+  tests::ScriptedEngine engine;
+  app::WindowStart start;
+  tests::DialogScript dialogs;
+  const QString pdf = QString::fromStdString(folder.file("report.pdf"));
+};
+
+TEST_F(ReportPrinting, PrintsTheReportOfTheRunUnlessCancelled) {
+  frmTovak window(start);
+  const auto closeGrid = [](QDialog& dialog) { dialog.accept(); };
+  dialogs.expect("QPrintDialog", [](QDialog& dialog) { dialog.reject(); });
+  dialogs.expect("frmTovakOutput", closeGrid);
+  tests::press(window, "cmdExecute");
+  EXPECT_EQ(folder.names(), (std::vector<std::string>{"day.rpt", "in.csv", "out.csv"}));
+  EXPECT_TRUE(dialogs.boxes.empty() && QApplication::overrideCursor() == nullptr);
+
+  const std::size_t earlier = tests::contentsOf(start.settings.reportFileName).size();
+  engine.refusals = {{3, 7}};
+  expectPrinting();
+  dialogs.expect("frmTovakOutput", closeGrid);
+  tests::press(window, "cmdExecute");
+  EXPECT_TRUE(dialogs.finished());
+  QString expected = QString::fromStdString(tests::contentsOf(start.settings.reportFileName).substr(earlier));
+  expected.replace(QRegularExpression("Tovak .*Date:"), "Calvadora Coordinate Conversions (Version 1.2.3) ");
+  expected.replace(QRegularExpression(" Proj:"), " Projection: ");
+  expected.remove(QRegularExpression(" *(Input  File|Output File):.*\n"));
+  EXPECT_EQ(linesOf(pdfText(pdf, "-layout")), linesOf(expected));
+}
+
+TEST_F(ReportPrinting, KeepsTheWidestLineAndTheTallestPageOnThePaper) {
+  const std::string wide(132, 'w');
+  std::string tall = "line\n";
+  while (tall.size() < std::size_t{5 * 96}) tall += "line\n";
+  for (const std::string& text : {wide, wide + "\n" + tall.substr(5)}) {
+    for (const QPageSize::PageSizeId paper : {QPageSize::Letter, QPageSize::A4}) {
+      report::ReportSheets sheets(folder.write("report", text));
+      QPrinter printer(QPrinter::HighResolution);
+      printer.setOutputFileName(pdf);
+      printer.setPageSize(QPageSize(paper));
+      EXPECT_TRUE(sheets.open() && paintSheets(printer, sheets, [](int) { return true; }));
+      const QString words = pdfText(pdf, "-bbox");
+      const auto most = [&words](const char* attribute) {
+        double largest = 0;
+        auto all = QRegularExpression(QString(attribute) + "=\"([0-9.]+)\"").globalMatch(words);
+        while (all.hasNext()) largest = std::max(largest, all.next().captured(1).toDouble());
+        return largest;
+      };
+      const QRectF room = printer.pageLayout().paintRect(QPageLayout::Point);
+      EXPECT_NEAR(most("xMax"), room.right(), room.width() / 8);
+      EXPECT_TRUE(most("xMax") < room.right() + 1 && most("yMax") < room.bottom() + 1);
+    }
+  }
+}
+
+TEST_F(ReportPrinting, PrintsAndPreviewsAReportFileOfTheMenu) {
+  std::string pages;
+  for (int i = 1; i <= 201; ++i) pages += "page " + std::to_string(i) + "\n\f\n";
+  folder.write("day.rpt", pages);
+  frmTovak window(start);
+  const auto chooseReport = [](QDialog& dialog) {
+    EXPECT_EQ(static_cast<QFileDialog&>(dialog).selectedFiles().front().section('/', -1), "day.rpt");
+    static_cast<QFileDialog&>(dialog).QDialog::done(QDialog::Accepted);
+  };
+  dialogs.expect("QFileDialog", chooseReport);
+  expectPrinting([](QDialog& dialog) {
+    control<QAbstractButton>(dialog, "printRange").click();
+    control<QSpinBox>(dialog, "from").setValue(7);
+    control<QSpinBox>(dialog, "to").setValue(8);
+  });
+  control<QAction>(window, "mnuFilePrint").trigger();
+  EXPECT_EQ(linesOf(pdfText(pdf, "-layout")).join(','), "page 7,page 8");
+
+  dialogs.expect("QFileDialog", chooseReport);
+  dialogs.expect("QPrintPreviewDialog", [](QDialog& dialog) {
+    EXPECT_EQ(dialog.findChild<QPrintPreviewWidget*>()->pageCount(), 200);
+    EXPECT_EQ(dialog.windowTitle(), "Print Preview of the first 200 of 201 pages");
+    dialog.reject();
+  });
+  control<QAction>(window, "mnuFilePreview").trigger();
+  EXPECT_TRUE(dialogs.finished() && dialogs.boxes.empty());
+}
+
+TEST_F(ReportPrinting, TellsWhatCannotBePrinted) {
+  report::ReportSheets missing(folder.file("none")), empty(folder.write("empty", "\f"));
+  printReport(nullptr, missing);
+  previewReport(nullptr, empty);
+  // The size limit of files stands in for a full disk.
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  expectPrinting([&before](QDialog&) {
+    const rlimit limit = {.rlim_cur = 100, .rlim_max = before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  });
+  report::ReportSheets sheets(start.settings.reportFileName);
+  printReport(nullptr, sheets);
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::string texts;
+  for (const auto& box : dialogs.boxes) texts += box.text + '\n';
+  EXPECT_EQ(texts, folder.file("none") + ": No such file or directory\nThere is nothing to print in " +
+                       folder.file("empty") + "\nThe report could not be printed to " + pdf.toStdString() + "\n");
+}
+
+}  // namespace
+}  // namespace tovak::ui
