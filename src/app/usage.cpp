@@ -79,7 +79,8 @@ void appendFormats(std::string& page, std::string_view heading, const Formats& f
 
 void appendProjections(std::string& page, run::ConversionEngine& engine) {
   for (std::int16_t code = 0; code <= run::kLastProjectionCode; ++code) {
-    const std::string data = engine.GetProjectionData(code);
+    // No batch run is given the user-defined project.
+    const std::string data = code == run::kUserDefinedProject ? std::string() : engine.GetProjectionData(code);
     if (!data.empty()) appendEntry(page, code + 1, std::string_view(data).substr(0, data.find('~')));
   }
 }

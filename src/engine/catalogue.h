@@ -1,32 +1,39 @@
 /// The coordinate systems the engine knows, and the area it serves.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace tovak::engine {
 
 enum class Datum { nad27, nad83 };
 
-enum class SystemKind { latLong, statePlane, utm };
+/// "NAD27" or "NAD83".
+constexpr std::string_view nameOf(Datum datum) {
+  return datum == Datum::nad27 ? "NAD27" : "NAD83";
+}
+
+enum class SystemKind { latLong, statePlane, utm, county, project };
 
 struct CoordinateSystem {
-  std::int16_t code;
-  std::string_view name;
-  Datum datum;
-  SystemKind kind;
-  /// The map projection on the datum's own ellipsoid, in metres, in PROJ's notation; null for latitude and longitude.
+  std::int16_t code = 0;
+  std::string name;
+  Datum datum = Datum::nad83;
+  SystemKind kind = SystemKind::latLong;
+  /// The map projection on the datum's own ellipsoid, in metres, in PROJ's notation; empty for latitude and longitude.
   /// It never carries a datum shift.
-  const char* projection;
+  std::string projection;
+
+  bool operator==(const CoordinateSystem&) const = default;
 };
 
-/// All systems, NAD83 before NAD27.
-std::span<const CoordinateSystem> coordinateSystems();
+/// The systems that the engine brings with it, NAD83 before NAD27.
+std::vector<CoordinateSystem> builtInSystems();
 
 /// The system of a code, or null.
-const CoordinateSystem* findSystem(std::int16_t code);
+const CoordinateSystem* findSystem(const std::vector<CoordinateSystem>& systems, std::int16_t code);
 
 /// Limits in degrees, west negative, the limits included.
 struct AreaServed {

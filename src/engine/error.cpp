@@ -24,6 +24,7 @@ constexpr ErrorLine kErrorLines[] = {
     {Error::latitudeOutside, "The latitude of the point is outside the area served"},
     {Error::longitudeOutside, "The longitude of the point is outside the area served"},
     {Error::outsideGrid, "The point is outside the datum grid us_noaa_conus.tif."},
+    {Error::noProject, "No user-defined project is set up, or its file cannot be used."},
 };
 
 std::string withRange(const char* text, double from, double to) {

@@ -16,6 +16,7 @@ enum class Error : std::int16_t {
   latitudeOutside = 7,
   longitudeOutside = 8,
   outsideGrid = 9,
+  noProject = 10,
 };
 
 /// The error in words, for any code; one that is no error of the engine's gets a general text.

@@ -2,20 +2,14 @@
 
 namespace tovak::engine {
 
-Projections::Projections() : projections_(coordinateSystems().size()) {}
-
-Projections::Projection& Projections::of(const CoordinateSystem& system) {
-  return projections_[static_cast<std::size_t>(&system - coordinateSystems().data())];
-}
-
 PJconsts* Projections::find(pj_ctx* context, const CoordinateSystem& system) {
-  ProjOperation& operation = of(system).operation;
-  if (operation == nullptr) operation = makeOperation(context, system.projection);
+  ProjOperation& operation = projections_[system.projection].operation;
+  if (operation == nullptr) operation = makeOperation(context, system.projection.c_str());
   return operation.get();
 }
 
 const FactorFormula* Projections::findFactors(pj_ctx* context, const CoordinateSystem& system) {
-  Projection& projection = of(system);
+  Projection& projection = projections_[system.projection];
   if (!projection.factors) projection.factors = makeFactorFormula(context, projection.operation.get());
   return &*projection.factors;
 }

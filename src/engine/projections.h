@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cmath>
+#include <map>
 #include <optional>
-#include <vector>
+#include <string>
 
 #include "engine/catalogue.h"
 #include "engine/error.h"
@@ -22,9 +23,7 @@ struct PlanePoint {
 /// PROJ's objects for the systems in use, each made when it is first asked for.
 class Projections {
  public:
-  Projections();
-
-  /// The operation of a system of the catalogue that has a projection; null when PROJ cannot make it. It lives as long
+  /// The operation of a system that has a projection; null when PROJ cannot make it. It lives as long
   /// as this object.
   PJconsts* find(pj_ctx* context, const CoordinateSystem& system);
 
@@ -37,9 +36,8 @@ class Projections {
     ProjOperation operation;
     std::optional<FactorFormula> factors;
   };
-  Projection& of(const CoordinateSystem& system);
 
-  std::vector<Projection> projections_;  // as in the catalogue
+  std::map<std::string, Projection> projections_;  // by their definition: a project's may change
 };
 
 /// Both give a result that is not finite where the projection is not defined; `takeError` then tells why.

@@ -4,6 +4,8 @@
 #include <optional>
 #include <utility>
 
+#include "run/projection_box.h"
+#include "run/projection_code.h"
 #include "text/angle.h"
 #include "text/number.h"
 
@@ -11,7 +13,7 @@ namespace tovak::engine {
 namespace {
 
 constexpr double kVersion = 103.0;
-constexpr std::int16_t kAskForProject = -263;
+constexpr std::int16_t kAskForProject = -run::kUserDefinedProject;
 
 /// How the target's name ends a result text.
 std::string nameInResult(const CoordinateSystem& system, const char* angles) {
@@ -37,10 +39,35 @@ void appendFactors(std::string& out, const std::optional<GridFactors>& factors) 
 std::unique_ptr<TovakX> TovakX::create(std::string& reason) {
   ProjContext context = openProj(reason);
   if (context == nullptr) return nullptr;
-  return std::unique_ptr<TovakX>(new TovakX(std::move(context)));
+  std::unique_ptr<TovakX> engine(new TovakX(std::move(context)));
+  return engine->readCounties(reason) ? std::move(engine) : nullptr;
 }
 
-TovakX::TovakX(ProjContext context) : context_(std::move(context)) {}
+TovakX::TovakX(ProjContext context) : context_(std::move(context)), systems_(builtInSystems()) {}
+
+bool TovakX::readCounties(std::string& reason) {
+  const std::string file = countyFile();
+  zones_ = readCountyZones(file, reason);
+  if (!reason.empty()) return false;
+  for (CoordinateSystem& system : countySystems(context_.get(), file, zones_, reason))
+    systems_.push_back(std::move(system));
+  return reason.empty();
+}
+
+/// The project may have been changed since the last run; what was made ready for the old one goes with it.
+void TovakX::readProject() {
+  ProjectResult now = loadProject(context_.get());
+  if (projectRead_ && now == project_) return;
+  project_ = std::move(now);
+  projectRead_ = true;
+  prepared_ = {};
+}
+
+const CoordinateSystem* TovakX::find(std::int16_t code) {
+  if (code != run::kUserDefinedProject) return findSystem(systems_, code);
+  if (!projectRead_) readProject();
+  return project_.project ? &project_.project->system : nullptr;
+}
 
 double TovakX::GetVersion() {
   return kVersion;
@@ -77,18 +104,37 @@ std::string TovakX::ErrorText(std::int16_t code) {
 }
 
 std::string TovakX::GetProjectionData(std::int16_t code) {
-  if (code == kAskForProject) return "None Selected";
-  const CoordinateSystem* system = findSystem(code);
-  if (system == nullptr) return {};
-  std::string data(system->name);
-  data += '~';
-  text::appendWhole(data, code);
-  return data;
+  if (code == kAskForProject || code == run::kUserDefinedProject) return projectData(code == kAskForProject);
+  const CoordinateSystem* system = find(code);
+  return system == nullptr ? std::string() : system->name + '~' + run::projectionText(code, false);
 }
 
-std::int16_t TovakX::GetProjectionFromText(const std::string& /*text*/, std::string& filled) {
+/// The project's bare name is for those who convert with it; the longer one stands in lists of systems.
+std::string TovakX::projectData(bool bareName) {
+  readProject();
+  const std::optional<Project>& project = project_.project;
+  const bool metres = project && project->unit == run::LengthUnit::metres;
+  const std::string text = '~' + run::projectionText(run::kUserDefinedProject, metres);
+  if (project) return (bareName ? project->name : project->system.name) + text;
+  if (!project_.fault.empty())
+    return bareName ? project_.fault : "User-defined project (its file cannot be used)" + text;
+  return bareName ? "None Selected" : "User-defined project (none selected)" + text;
+}
+
+std::int16_t TovakX::GetProjectionFromText(const std::string& text, std::string& filled) {
+  for (const run::LengthUnit unit : {run::LengthUnit::metres, run::LengthUnit::usSurveyFeet}) {
+    const std::string candidate = run::projectionText(run::kUserDefinedProject, unit == run::LengthUnit::metres) + ' ';
+    if (!text.starts_with(candidate)) continue;
+    ProjectCheck check = checkProject(context_.get(), std::string_view(text).substr(candidate.size()), unit);
+    filled = std::move(check.text);
+    return check.usable ? run::kUserDefinedProject : run::kUnknownCounty;
+  }
   filled.clear();
-  return run::kUnknownCounty;
+  const CountyZone* const zone = findZone(zones_, text);
+  if (zone == nullptr) return run::kUnknownCounty;
+  filled += zone->statePlane;
+  if (!zone->text.empty()) filled += ' ' + zone->text;
+  return zone->code;
 }
 
 TovakX::Prepared TovakX::prepare(const std::string& sourceText, const std::string& targetText) {
@@ -119,8 +165,8 @@ Error TovakX::preparePair(std::string_view sourceText, std::string_view targetTe
 }
 
 Error TovakX::prepareSide(const ProjectionText& text, Error unknown, Side& side) {
-  side.system = findSystem(text.code);
-  if (side.system == nullptr) return unknown;
+  side.system = find(text.code);
+  if (side.system == nullptr) return text.code == run::kUserDefinedProject ? Error::noProject : unknown;
   side.unit = text.unit;
   if (side.system->kind == SystemKind::latLong) return Error::none;
   side.projection = projections_.find(context_.get(), *side.system);

@@ -4,24 +4,29 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "engine/catalogue.h"
 #include "engine/conversion_pair.h"
+#include "engine/county_zones.h"
 #include "engine/datum_shift.h"
 #include "engine/error.h"
 #include "engine/proj_objects.h"
+#include "engine/project.h"
 #include "engine/projection_text.h"
 #include "engine/projections.h"
 #include "run/conversion_engine.h"
 
 namespace tovak::engine {
 
-/// Knows the systems of the catalogue, in metres and U.S. survey feet, without user-defined projects and counties.
+/// Knows the systems of the catalogue, the county zones of the agency's file and the one user-defined project, in
+/// metres and U.S. survey feet.
 ///
 /// The projection texts are those that `readProjectionText` describes; what a pair of them needs is made ready when the
 /// pair first comes, so points of one pair in a row cost no more than their own computation.
 class TovakX final : public run::ConversionEngine {
  public:
-  /// Null when PROJ is not in order; then `reason` receives one line that says why.
+  /// Null when PROJ or the file of the county zones is not in order; then `reason` receives one line that says why.
   static std::unique_ptr<TovakX> create(std::string& reason);
 
   double GetVersion() override;
@@ -45,11 +50,19 @@ class TovakX final : public run::ConversionEngine {
   };
 
   explicit TovakX(ProjContext context);
+  bool readCounties(std::string& reason);
+  void readProject();
+  std::string projectData(bool bareName);
+  const CoordinateSystem* find(std::int16_t code);
   Prepared prepare(const std::string& sourceText, const std::string& targetText);
   Error preparePair(std::string_view sourceText, std::string_view targetText, ConversionPair& pair);
   Error prepareSide(const ProjectionText& text, Error unknown, Side& side);
 
-  ProjContext context_;  // outlives the objects made in it
+  ProjContext context_;                    // outlives the objects made in it
+  std::vector<CoordinateSystem> systems_;  // stays as it is once the engine has started
+  std::vector<CountyZone> zones_;
+  ProjectResult project_;
+  bool projectRead_ = false;
   Projections projections_;
   DatumShift shift_;
   Prepared prepared_;

@@ -49,13 +49,17 @@ class ConversionEngine {
   /// The message for a result of `TovakVert`.
   virtual std::string ErrorText(std::int16_t code) = 0;
 
-  /// For -263: the user-defined project's display name, "~" and its projection text, or a text that contains
-  /// "None Selected". For 0 to 268: the system's name, "~" and its projection text; empty for a code the engine does
-  /// not know.
+  /// For -263: the user-defined project's display name, "~" and its projection text with the mark of its unit, or a
+  /// text that contains "None Selected"; a text without "~" is the reason why a project that was set up cannot be used.
+  /// The engine looks at its project anew. For 0 to 268: the system's name, "~" and its projection text; empty for a
+  /// code the engine does not know.
   virtual std::string GetProjectionData(std::int16_t code) = 0;
 
-  /// The projection code of a county (county name, one blank, zone word), 999 when unknown. `filled` receives what the
-  /// engine knows about it.
+  /// The projection code of a county zone (county name, one blank, zone word), 999 when unknown. `filled` receives the
+  /// letter of the county's state plane zone and, where the zone has a text, a blank and that text; nothing for 999.
+  ///
+  /// Of a text made of "263" or "263M", one blank and a definition, the engine says whether it could be the
+  /// user-defined project: 263, or 999; `filled` receives what to tell the person about it.
   virtual std::int16_t GetProjectionFromText(const std::string& text, std::string& filled) = 0;
 };
 

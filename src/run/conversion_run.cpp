@@ -43,6 +43,7 @@ class ConversionRun {
   bool checkCombination();
   bool confirmWarnings();
   bool takeProjectionTexts();
+  bool takeUserDefinedProject(SideSettings& side);
   bool completeTargetName();
   bool openSource();
   bool openOutputs();
@@ -151,24 +152,29 @@ bool ConversionRun::confirmWarnings() {
   return true;
 }
 
-/// Takes name and text of a user-defined project from the engine; false when it knows of none.
-bool takeUserDefinedProject(ConversionEngine& engine, SideSettings& side) {
-  const std::string data = engine.GetProjectionData(-kUserDefinedProject);
+/// Takes name, text and unit of a user-defined project from the engine; the side has only a name where there is none.
+/// False when a source has none, or when the project cannot be used.
+bool ConversionRun::takeUserDefinedProject(SideSettings& side) {
+  const std::string data = engine_.GetProjectionData(-kUserDefinedProject);
   const std::size_t separator = data.find('~');
+  const bool none = data.find("None Selected") != std::string::npos;
   side.displayName = data.substr(0, separator);
-  side.projectionText = separator == std::string::npos ? std::string() : data.substr(separator + 1);
-  return data.find("None Selected") == std::string::npos;
+  side.projectionText.clear();
+  if (separator != std::string::npos) {
+    side.projectionText = data.substr(separator + 1);
+    side.metres = marksMetres(side.projectionText);
+  } else if (!none) {
+    return stop(messages::projectUnusable(data));
+  }
+  // A target project that is not set up goes to the engine as it is, and the engine refuses its points.
+  return !none || &side == &settings_.target;
 }
 
 bool ConversionRun::takeProjectionTexts() {
   settings_.source.displayName.clear();
   settings_.target.displayName.clear();
-  if (settings_.SourceProjectionCode == kUserDefinedProject && !takeUserDefinedProject(engine_, settings_.source)) {
-    return false;
-  }
-  // A target project that is not set up goes to the engine as it is, and the engine refuses its points.
-  if (settings_.TargetProjectionCode == kUserDefinedProject) takeUserDefinedProject(engine_, settings_.target);
-  return true;
+  if (settings_.SourceProjectionCode == kUserDefinedProject && !takeUserDefinedProject(settings_.source)) return false;
+  return settings_.TargetProjectionCode != kUserDefinedProject || takeUserDefinedProject(settings_.target);
 }
 
 bool ConversionRun::completeTargetName() {

@@ -22,16 +22,20 @@ std::string lastLoaderError() {
 
 }  // namespace
 
+std::string programFile(const std::string& fileName) {
+  std::error_code error;
+  const fs::path folder = executableFolder();
+  const fs::path beside = folder / fileName;
+  if (fs::exists(beside, error)) return beside.string();
+  return (folder.parent_path() / TOVAK_MODULE_FOLDER / fileName).string();
+}
+
 std::string modulePath(const std::string& identifier, const char* overridingVariable) {
   std::error_code error;
   const char* const named = overridingVariable == nullptr ? nullptr : std::getenv(overridingVariable);
   // Without a folder the loader would search the system for it.
   if (named != nullptr && *named != '\0') return fs::absolute(named, error).string();
-  const std::string fileName = identifier.substr(0, identifier.find('.')) + TOVAK_MODULE_SUFFIX;
-  const fs::path folder = executableFolder();
-  const fs::path beside = folder / fileName;
-  if (fs::exists(beside, error)) return beside.string();
-  return (folder.parent_path() / TOVAK_MODULE_FOLDER / fileName).string();
+  return programFile(identifier.substr(0, identifier.find('.')) + TOVAK_MODULE_SUFFIX);
 }
 
 void* loadModuleFunction(const std::string& path, const char* functionName, std::string& reason) {

@@ -33,6 +33,10 @@ Message crossingDatums() {
       "Warning", Icon::Information};
 }
 
+Message projectUnusable(const std::string& reason) {
+  return {"The user-defined project cannot be used.\n" + reason, "User-Defined Project", Icon::Exclamation};
+}
+
 Message changeFileName() {
   return {
       "Waypoints+ requires a .TXT extension on its input files.\n"

@@ -14,6 +14,7 @@ Message countyZoneMissing();
 Message formatNotAvailable();
 Message waypointsInLatLong();
 Message crossingDatums();
+Message projectUnusable(const std::string& reason);
 Message changeFileName();
 Message finished();
 Message reportNameMissing();

@@ -115,4 +115,11 @@ bool LineReader::next(std::string_view& line) {
   }
 }
 
+std::string faultAtLine(const std::string& fileName, std::uint64_t line, std::string_view reason) {
+  std::string text = fileName + ": line ";
+  appendWhole(text, static_cast<std::int64_t>(line));
+  text += ": ";
+  return text += reason;
+}
+
 }  // namespace tovak::text

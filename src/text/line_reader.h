@@ -63,4 +63,7 @@ class LineReader {
   std::string error_;
 };
 
+/// "FILE: line N: REASON".
+std::string faultAtLine(const std::string& fileName, std::uint64_t line, std::string_view reason);
+
 }  // namespace tovak::text

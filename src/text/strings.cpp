@@ -43,4 +43,8 @@ char upperCase(char letter) {
   return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
 }
 
+bool hasControlCharacter(std::string_view text) {
+  return std::ranges::any_of(text, [](unsigned char byte) { return byte < ' ' || byte == 127; });
+}
+
 }  // namespace tovak::text

@@ -21,4 +21,7 @@ std::size_t findIgnoringCase(std::string_view text, std::string_view part);
 
 char upperCase(char letter);
 
+/// Whether `text` holds a byte below the blank, or 127.
+bool hasControlCharacter(std::string_view text);
+
 }  // namespace tovak::text

@@ -3,6 +3,7 @@
 #include <locale>
 
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 /// The main function of test programs with windows: they are drawn in memory, and the tests run under the locale of
 /// their environment as all others do.
@@ -13,6 +14,8 @@ int main(int count, char** arguments) {
   } catch (const std::runtime_error&) {
     std::locale::global(std::locale::classic());
   }
+  // A test that needs a data folder has one of its own.
+  setenv("APPDATA", "/dev/null", 1);
   testing::InitGoogleTest(&count, arguments);
   const QApplication application(count, arguments);
   std::setlocale(LC_ALL, "");

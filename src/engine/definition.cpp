@@ -1,0 +1,135 @@
+#include "engine/definition.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <string>
+#include <utility>
+
+#include <proj.h>
+
+#include "engine/proj_objects.h"
+#include "engine/projections.h"
+#include "text/strings.h"
+
+namespace tovak::engine {
+namespace {
+
+constexpr double kRadiansPerDegree = std::numbers::pi / 180.0;
+constexpr Geographic kMiddle = {.latitude = (kAreaServed.south + kAreaServed.north) / 2.0 * kRadiansPerDegree,
+                                .longitude = (kAreaServed.west + kAreaServed.east) / 2.0 * kRadiansPerDegree};
+
+bool isCodeCharacter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-' || c == '.';
+}
+
+bool isAuthorityAndCode(std::string_view definition) {
+  const std::size_t colon = definition.find(':');
+  if (colon == std::string_view::npos || colon == 0 || colon + 1 == definition.size()) return false;
+  return std::ranges::all_of(definition.substr(0, colon), isCodeCharacter) &&
+         std::ranges::all_of(definition.substr(colon + 1), isCodeCharacter);
+}
+
+bool isWkt(std::string_view definition) {
+  const std::size_t bracket = definition.find('[');
+  return bracket != std::string_view::npos && bracket > 0 && definition.back() == ']' &&
+         std::ranges::all_of(definition.substr(0, bracket), isCodeCharacter);
+}
+
+/// The one map projection among the steps from latitude and longitude to northing and easting. In front of it PROJ
+/// orders the angles and turns them into radians, behind it, it may order the axes; whatever else there is would be
+/// lost.
+std::string projectionStep(std::string_view pipeline, std::string& reason) {
+  constexpr std::string_view kStep = "+step ";
+  std::string projection;
+  pipeline.remove_prefix(std::min(pipeline.find(kStep), pipeline.size()));
+  while (!pipeline.empty()) {
+    pipeline.remove_prefix(kStep.size());
+    const std::string_view step = text::trimBlanks(pipeline.substr(0, pipeline.find(kStep)));
+    pipeline.remove_prefix(std::min(pipeline.find(kStep), pipeline.size()));
+    const bool unit = step.starts_with("+proj=unitconvert ");
+    if (step == "+proj=axisswap +order=2,1" || (unit && projection.empty())) continue;
+    if (unit) {
+      reason = "its unit is not the metre";
+    } else if (!projection.empty() || !step.starts_with("+proj=")) {
+      reason = "it is more than a map projection from the meridian of Greenwich";
+    }
+    if (!reason.empty()) return {};
+    projection = step;
+  }
+  if (projection.empty()) reason = "PROJ has no map projection for it";
+  return projection;
+}
+
+/// PROJ's parameters for a system of its database or in WKT.
+std::string parametersOfSystem(pj_ctx* context, const std::string& definition, std::string& reason) {
+  const ProjOperation system = makeOperation(context, definition.c_str());
+  if (system == nullptr) {
+    reason = "PROJ does not know it or cannot read it";
+    return {};
+  }
+  const PJ_TYPE type = proj_get_type(system.get());
+  if (type != PJ_TYPE_PROJECTED_CRS) {
+    reason = type == PJ_TYPE_BOUND_CRS ? "it brings a datum shift of its own" : "it is no projected coordinate system";
+    return {};
+  }
+  const ProjOperation conversion(proj_crs_get_coordoperation(context, system.get()));
+  const char* const text =
+      conversion == nullptr ? nullptr : proj_as_proj_string(context, conversion.get(), PJ_PROJ_5, nullptr);
+  return projectionStep(text == nullptr ? "" : text, reason);
+}
+
+/// How far `to` lies from `from` along both axes, in parts of `length`.
+PlanePoint partsOf(double length, const PlanePoint& from, const PlanePoint& to) {
+  return {.northing = (to.northing - from.northing) / length, .easting = (to.easting - from.easting) / length};
+}
+
+bool isUnit(double along, double across) {
+  const double scale = std::hypot(along, across);
+  return along > std::fabs(across) && scale > 0.5 && scale < 2.0;
+}
+
+bool fitsAreaServed(PJconsts* projection) {
+  constexpr double kEarthRadius = 6'370'000.0;
+  constexpr double kStep = 1e-5;  // radians, some 64 m
+  constexpr double kClosure = 1e-8;
+  const PlanePoint middle = project(projection, kMiddle);
+  const PlanePoint north =
+      partsOf(kStep * kEarthRadius, middle,
+              project(projection, {.latitude = kMiddle.latitude + kStep, .longitude = kMiddle.longitude}));
+  const PlanePoint east =
+      partsOf(kStep * kEarthRadius * std::cos(kMiddle.latitude), middle,
+              project(projection, {.latitude = kMiddle.latitude, .longitude = kMiddle.longitude + kStep}));
+  if (!isUnit(north.northing, north.easting) || !isUnit(east.easting, east.northing)) return false;
+  const Geographic back = unproject(projection, middle);
+  return std::fabs(back.latitude - kMiddle.latitude) < kClosure &&
+         std::fabs(back.longitude - kMiddle.longitude) < kClosure;
+}
+
+}  // namespace
+
+ParametersResult readDefinition(pj_ctx* context, std::string_view definition, std::optional<Datum> expected) {
+  definition = text::trimBlanks(definition);
+  ParametersResult result;
+  std::string list;
+  if (definition.starts_with('+') || definition.starts_with("proj=")) {
+    list = definition;
+  } else if (isAuthorityAndCode(definition) || isWkt(definition)) {
+    list = parametersOfSystem(context, std::string(definition), result.reason);
+  } else {
+    result.reason = "it is neither PROJ parameters (+proj=...) nor AUTHORITY:CODE nor WKT";
+  }
+  if (!result.reason.empty()) return result;
+
+  result = readParameters(list, expected);
+  if (!result.reason.empty()) return result;
+  const ProjOperation projection = makeOperation(context, result.parameters.c_str());
+  if (projection == nullptr) {
+    result.reason = "PROJ cannot make a projection of it";
+  } else if (!fitsAreaServed(projection.get())) {
+    result.reason = "it is no map projection in metres, northing and easting, that fits the area served";
+  }
+  return result;
+}
+
+}  // namespace tovak::engine

@@ -1,0 +1,83 @@
+#include "engine/project.h"
+
+#include <algorithm>
+#include <numbers>
+#include <utility>
+
+#include "engine/definition.h"
+#include "engine/proj_objects.h"
+#include "engine/projections.h"
+#include "run/projection_code.h"
+#include "run/user_project.h"
+#include "text/angle.h"
+#include "text/number.h"
+
+namespace tovak::engine {
+namespace {
+
+constexpr double kDegreesPerRadian = 180.0 / std::numbers::pi;
+
+bool isServed(double latitude, double longitude) {
+  return latitude >= kAreaServed.south && latitude <= kAreaServed.north && longitude >= kAreaServed.west &&
+         longitude <= kAreaServed.east;
+}
+
+/// "Northing N, easting E m: latitude ..., longitude ..., inside the area served".
+std::string whereabouts(PJconsts* projection, const PlanePoint& point, run::LengthUnit unit) {
+  constexpr int kDecimals = 3;
+  const auto length = [&](double metres) { return run::convertLength(metres, run::LengthUnit::metres, unit); };
+  std::string text = "Northing ";
+  text::appendFixed(text, length(point.northing), kDecimals);
+  text += ", easting ";
+  text::appendFixed(text, length(point.easting), kDecimals);
+  text += unit == run::LengthUnit::metres ? " m: " : " ft: ";
+  const Geographic place = unproject(projection, point);
+  if (!isFinite(place)) return text + "nowhere on the earth";
+  const double latitude = place.latitude * kDegreesPerRadian;
+  const double longitude = place.longitude * kDegreesPerRadian;
+  text += "latitude ";
+  text::appendSpacedAngle(text, latitude);
+  text += ", longitude ";
+  text::appendSpacedAngle(text, longitude);
+  return text + (isServed(latitude, longitude) ? ", inside" : ", outside") + " the area served";
+}
+
+std::string withoutTildes(std::string text) {
+  std::ranges::replace(text, '~', '-');
+  return text;
+}
+
+}  // namespace
+
+ProjectResult loadProject(pj_ctx* context) {
+  const std::string file = run::userProjectFile();
+  const run::UserProjectResult stored = run::readUserProject(file);
+  if (!stored.project) return {std::nullopt, withoutTildes(stored.error)};
+  ParametersResult read = readDefinition(context, stored.project->definition, std::nullopt);
+  if (!read.reason.empty()) {
+    return {std::nullopt, withoutTildes(file + ": the definition cannot be used: " + read.reason)};
+  }
+  const std::string name = "User-defined project " + stored.project->name + ", ";
+  return {Project{.name = stored.project->name,
+                  .unit = stored.project->metres ? run::LengthUnit::metres : run::LengthUnit::usSurveyFeet,
+                  .system = {.code = run::kUserDefinedProject,
+                             .name = name + std::string(nameOf(read.datum)),
+                             .datum = read.datum,
+                             .kind = SystemKind::project,
+                             .projection = std::move(read.parameters)}},
+          {}};
+}
+
+ProjectCheck checkProject(pj_ctx* context, std::string_view definition, run::LengthUnit unit) {
+  const ParametersResult read = readDefinition(context, definition, std::nullopt);
+  if (!read.reason.empty()) return {false, "The definition cannot be used: " + read.reason + '.'};
+  const ProjOperation projection = makeOperation(context, read.parameters.c_str());
+  const FalseOrigin origin = falseOrigin(read.parameters);
+  std::string text = "Datum ";
+  text += nameOf(read.datum);
+  text += ".\n" + whereabouts(projection.get(), {.northing = origin.northing, .easting = origin.easting}, unit);
+  text += ".\n" + whereabouts(projection.get(), {}, unit) + '.';
+  return {.usable = true, .text = std::move(text)};
+}
+
+}  // namespace tovak::engine

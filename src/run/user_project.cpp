@@ -1,0 +1,123 @@
+#include "run/user_project.h"
+
+#include <array>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+#include "run/data_folder.h"
+#include "text/line_reader.h"
+#include "text/line_writer.h"
+#include "text/strings.h"
+
+namespace tovak::run {
+namespace {
+
+constexpr std::size_t kLongestName = 80;
+constexpr std::size_t kLongestDefinition = 8192;
+constexpr std::string_view kMetres = "metres";
+constexpr std::string_view kFeet = "feet";
+
+/// One key of the file: where its value goes. The function gives the reason why it cannot, or an empty text.
+struct Key {
+  std::string_view name;
+  std::string (*take)(UserProject& project, std::string_view value);
+};
+
+std::string takeUnit(UserProject& project, std::string_view value) {
+  project.metres = text::equalsIgnoringCase(value, kMetres);
+  return project.metres || text::equalsIgnoringCase(value, kFeet) ? "" : "the unit is neither \"metres\" nor \"feet\"";
+}
+
+constexpr std::array<Key, 3> kKeys = {{
+    {"name",
+     [](UserProject& project, std::string_view value) -> std::string {
+       project.name = value;
+       return {};
+     }},
+    {"definition",
+     [](UserProject& project, std::string_view value) -> std::string {
+       project.definition = value;
+       return {};
+     }},
+    {"unit", takeUnit},
+}};
+
+class Reader {
+ public:
+  UserProjectResult read(const std::string& fileName) {
+    if (!lines_.open(fileName)) return {{}, lines_.error()};
+    for (std::string_view line; lines_.next(line);) {
+      if (const std::string reason = takeLine(line); !reason.empty())
+        return {{}, text::faultAtLine(fileName, lines_.lineNumber(), reason)};
+    }
+    if (lines_.fault() != text::LineReader::Fault::None) return {{}, lines_.error()};
+    for (std::size_t i = 0; i < kKeys.size(); ++i) {
+      if (!seen_[i]) return {{}, fileName + ": the line \"" + std::string(kKeys[i].name) + " = ...\" is missing"};
+    }
+    if (const std::string fault = faultOf(project_); !fault.empty()) return {{}, fileName + ": " + fault};
+    return {project_, {}};
+  }
+
+ private:
+  std::string takeLine(std::string_view line) {
+    line = text::trimBlanks(line);
+    if (line.empty() || line.front() == '#') return {};
+    const std::size_t sign = line.find('=');
+    if (sign == std::string_view::npos) return "a key, \"=\" and a value are expected";
+    const std::string_view name = text::trimBlanks(line.substr(0, sign));
+    for (std::size_t i = 0; i < kKeys.size(); ++i) {
+      if (!text::equalsIgnoringCase(name, kKeys[i].name)) continue;
+      if (seen_[i]) return "the " + std::string(kKeys[i].name) + " is given twice";
+      seen_[i] = true;
+      return kKeys[i].take(project_, text::trimBlanks(line.substr(sign + 1)));
+    }
+    return "the keys are \"name\", \"definition\" and \"unit\"";
+  }
+
+  text::LineReader lines_;
+  std::array<bool, kKeys.size()> seen_{};
+  UserProject project_;
+};
+
+bool exists(const std::string& fileName) {
+  std::error_code error;
+  return std::filesystem::symlink_status(fileName, error).type() != std::filesystem::file_type::not_found;
+}
+
+}  // namespace
+
+std::string userProjectFile() {
+  const std::filesystem::path folder = dataFolder();
+  return folder.empty() ? std::string() : (folder / "project.txt").string();
+}
+
+UserProjectResult readUserProject(const std::string& fileName) {
+  if (fileName.empty() || !exists(fileName)) return {};
+  return Reader().read(fileName);
+}
+
+std::string faultOf(const UserProject& project) {
+  if (text::trimBlanks(project.name).empty()) return "the project has no name";
+  if (project.name.size() > kLongestName) return "the name is longer than 80 characters";
+  // The sign ends the name where name and projection text are handed over in one text.
+  if (project.name.find('~') != std::string::npos) return "the name holds a \"~\"";
+  if (project.name.find("None Selected") != std::string::npos) return "\"None Selected\" stands for no project";
+  if (text::trimBlanks(project.definition).empty()) return "the project has no definition";
+  if (project.definition.size() > kLongestDefinition) return "the definition is longer than 8192 characters";
+  if (text::hasControlCharacter(project.name) || text::hasControlCharacter(project.definition))
+    return "name and definition hold no line breaks, tabs or other control characters";
+  return {};
+}
+
+bool writeUserProject(const std::string& fileName, const UserProject& project, std::string& error) {
+  text::LineWriter lines;
+  const bool written = lines.open(fileName) && lines.writeLine("# The user-defined project of Tovak.") &&
+                       lines.writeLine("name = " + project.name) &&
+                       lines.writeLine("definition = " + project.definition) &&
+                       lines.writeLine("unit = " + std::string(project.metres ? kMetres : kFeet)) && lines.commit();
+  if (!written) error = lines.error();
+  return written;
+}
+
+}  // namespace tovak::run

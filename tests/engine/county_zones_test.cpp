@@ -1,0 +1,140 @@
+// The agency's catalogue of county zones: that the one of the program is whole, and that no fault in one is passed
+// over.
+#include "engine/county_zones.h"
+
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "engine_probe.h"
+#include "support/environment.h"
+#include "support/temporary_folder.h"
+
+namespace tovak::engine {
+namespace {
+
+const std::string kGood = "6|Anoka||Anoka|NAD83|S|+proj=utm +zone=15";
+
+TEST(CountyZones, AreFoundByTheirCounty) {
+  const auto engine = probe::freshEngine();
+  const std::tuple<const char*, int, const char*> cases[] = {{"Anoka ", 6, "S Anoka"},
+                                                             {"anoka", 6, "S Anoka"},
+                                                             {"Anoka North", 999, ""},
+                                                             {"Nowhere ", 999, ""},
+                                                             {"", 999, ""},
+                                                             {"Lake North", 43, "N Lake - North"},
+                                                             {"LAKE NORTH SHORE", 46, "N Lake - Lake (North Shore)"},
+                                                             {"Lake ", 999, ""},
+                                                             {"Alderholm ", 8, "N Alderholm - North"},
+                                                             {"alderholm south", 9, "N Alderholm - South"},
+                                                             {"Birkmoor ", 16, "C Birkmoor - North"},
+                                                             {"Cedarfold", 22, "N Cedarfold - North"},
+                                                             {"Dunmarsh", 39, "N Dunmarsh - North"},
+                                                             {"Elmhaven", 49, "N Elmhaven - North"},
+                                                             {"Fernwald", 80, "N Fernwald - North"},
+                                                             {"Fernwald Central", 81, "N Fernwald - Central"},
+                                                             {"Fernwald South", 82, "N Fernwald - South"},
+                                                             {"Fernwald Shore", 999, ""}};
+  for (const auto& [text, code, expected] : cases) {
+    std::string filled = "old";
+    EXPECT_EQ(engine->GetProjectionFromText(text, filled), code) << text;
+    EXPECT_EQ(filled, expected);
+  }
+  EXPECT_EQ(engine->GetProjectionData(149), "County zone Lake - Lake (North Shore), NAD27~149");
+}
+
+// The figures are cs2cs's, of the definitions in the catalogue and latitude 47.7654321, longitude -92.1234567.
+TEST(CountyZones, AgreeWithTheirDefinitions) {
+  const auto engine = probe::freshEngine();
+  const std::tuple<const char*, const char*, double, double> cases[] = {
+      {"0", "6M", 334398.36180, 235781.20122},     {"0", "46M", 133926.91231, 90771.92944},
+      {"0", "50M", -44139.94541, 359369.87328},    {"0", "82M", 161715.78162, 209457.65851},
+      {"103", "109M", 334876.83895, 238184.18934}, {"103", "112M", 75159.69470, 369239.06861},
+      {"103", "149M", 134406.61942, 93170.37943}};
+  for (const auto& [latLong, zone, northing, easting] : cases) {
+    const probe::Result there = probe::convert(*engine, latLong, zone, {47.7654321, -92.1234567, 0.0});
+    EXPECT_NEAR(there.northing, northing, 6e-6) << zone;
+    EXPECT_NEAR(there.easting, easting, 6e-6) << zone;
+    EXPECT_NEAR(probe::convert(*engine, zone, latLong, {northing, easting, 0.0}).northing, 47.7654321, 1e-10) << zone;
+  }
+}
+
+class CountyFile : public testing::Test {
+ protected:
+  /// Why the engine does not start with this catalogue in the data folder, without the file's name.
+  std::string fault(const std::string& contents) {
+    const std::string file = folder.write("QrAppsData/counties.txt", contents);
+    std::string reason;
+    const bool started = TovakX::create(reason) != nullptr;
+    EXPECT_EQ(started, reason.empty());
+    EXPECT_TRUE(started || reason.starts_with(file + ": ")) << reason;
+    return started ? "" : reason.substr(file.size() + 2);
+  }
+  const tests::TemporaryFolder folder;
+  const bool made = std::filesystem::create_directory(folder.path() / "QrAppsData");
+  const tests::EnvironmentVariable data{"APPDATA", folder.path().string()};
+};
+
+TEST_F(CountyFile, ReplacesTheProgramsOwn) {
+  EXPECT_EQ(fault("# mine\r\n\r\n 5 | Adler | | | NAD83 | C | EPSG:26915\r\n"), "");
+  const auto engine = probe::freshEngine();
+  std::string filled;
+  EXPECT_EQ(engine->GetProjectionFromText("ADLER", filled), 5);
+  EXPECT_EQ(filled, "C");
+  EXPECT_EQ(engine->GetProjectionData(5), "County zone Adler, NAD83~5");
+  EXPECT_EQ(engine->GetProjectionFromText("Anoka", filled), 999);
+  EXPECT_EQ(fault(""), "");
+  std::filesystem::remove(folder.path() / "QrAppsData" / "counties.txt");
+  std::filesystem::create_directory(folder.path() / "QrAppsData" / "counties.txt");
+  std::string reason;
+  EXPECT_EQ(TovakX::create(reason), nullptr);
+  EXPECT_TRUE(reason.ends_with("counties.txt: Is a directory")) << reason;
+}
+
+TEST_F(CountyFile, ReportsTheFirstFaultWithItsLine) {
+  const std::string utm = "+proj=utm +zone=15";
+  const std::pair<std::string, const char*> cases[] = {
+      {"x", "line 2: seven fields"},
+      {"7|A||A|NAD83|S", "line 2: seven fields"},
+      {"7|A||A|NAD83|S| ", "line 2: the definition is missing"},
+      {"7|A||A|NAD82|S|" + utm, "line 2: the datum"},
+      {"seven|A||A|NAD83|S|" + utm, "line 2: the code is no"},
+      {"7.5|A||A|NAD83|S|" + utm, "line 2: the code is no"},
+      {"99999|A||A|NAD83|S|" + utm, "line 2: the code is no"},
+      {"4|A||A|NAD83|S|" + utm, "line 2: the codes"},
+      {"103|A||A|NAD83|S|" + utm, "line 2: the codes"},
+      {"107|A||A|NAD27|S|" + utm, "line 2: the codes"},
+      {"206|A||A|NAD27|S|" + utm, "line 2: the codes"},
+      {"7|||A|NAD83|S|" + utm, "line 2: the county has no name"},
+      {"7|A||A,B|NAD83|S|" + utm, "line 2: a name"},
+      {"7|A~||A|NAD83|S|" + utm, "line 2: a name"},
+      {"7|A||A|NAD83|E|" + utm, "line 2: the state plane letter"},
+      {"7|A||A|NAD83|NC|" + utm, "line 2: the state plane letter"},
+      {"7|A\t||A|NAD83|S|" + utm, "line 2: the line holds a tab"},
+      {"7|A||A|NAD83|S|" + std::string(9000, ' ') + utm, "line 2: the line is longer"},
+      {kGood, "line 2: the code stands in line 1 too"},
+      {"7|ANOKA||B|NAD83|S|" + utm, "line 2: the county and zone stand in line 1 too"},
+      {"109|Anoka||Anoka|NAD27|C|" + utm, "line 2: county, zone and state plane letter are not"},
+      {"7|A||A|NAD83|S|+proj=utm", "line 2: the definition cannot be used: it is no map projection"},
+      {"109|Anoka||Anoka|NAD27|S|EPSG:26915",
+       "line 2: the definition cannot be used: \"+ellps=GRS80\" is of another datum"}};
+  for (const auto& [line, expected] : cases)
+    EXPECT_EQ(fault(kGood + '\n' + line + "\n#\n").rfind(expected, 0), 0U)
+        << line << ": " << fault(kGood + '\n' + line);
+  EXPECT_EQ(fault(kGood + "\n109|Anoka||Anoka|NAD27|S|" + utm), "");
+}
+
+TEST_F(CountyFile, SurvivesAnyBytes) {
+  std::mt19937 random(263);
+  const std::string line =
+      R"(7|A|B|C|NAD83|S|PROJCS["z",GEOGCS["g",DATUM["d",SPHEROID["s",6378137,298.257222101]]],UNIT["metre",1]])";
+  for (int turn = 0; turn < 300; ++turn) {
+    std::string damaged = turn % 2 == 0 ? line : kGood;
+    for (int i = 0; i < 3; ++i) damaged[random() % damaged.size()] = static_cast<char>(random() % 256);
+    const std::string reason = fault(damaged);
+    EXPECT_TRUE(reason.empty() || reason.starts_with("line ")) << damaged;
+  }
+}
+
+}  // namespace
+}  // namespace tovak::engine

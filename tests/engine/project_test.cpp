@@ -1,0 +1,73 @@
+#include "engine/project.h"
+
+#include <gtest/gtest.h>
+
+#include "engine_probe.h"
+#include "support/environment.h"
+#include "support/temporary_folder.h"
+
+namespace tovak::engine {
+namespace {
+
+const std::string kDefinition = "+proj=tmerc +lat_0=45 +lon_0=-93 +k=1 +x_0=500 +y_0=100 +ellps=";
+
+class UserProject : public testing::Test {
+ protected:
+  void store(const std::string& name, const std::string& definition, const std::string& unit) {
+    folder.write("QrAppsData/project.txt", "name=" + name + "\ndefinition=" + definition + "\nunit=" + unit + '\n');
+  }
+  const tests::TemporaryFolder folder;
+  const bool made = std::filesystem::create_directory(folder.path() / "QrAppsData");
+  const tests::EnvironmentVariable data{"APPDATA", folder.path().string()};
+  const std::unique_ptr<TovakX> engine = probe::freshEngine();
+};
+
+TEST_F(UserProject, IsWhatItsFileSaysAtTheStartOfARun) {
+  const Point point = {47.7654321, -92.1234567, 0.0};
+  EXPECT_EQ(engine->GetProjectionData(-263), "None Selected");
+  EXPECT_EQ(probe::convert(*engine, "0", "263M", point).code, 10);
+
+  store("Bridge 9", kDefinition + "GRS80", "metres");
+  EXPECT_EQ(engine->GetProjectionData(-263), "Bridge 9~263M");
+  EXPECT_EQ(engine->GetProjectionData(263), "User-defined project Bridge 9, NAD83~263M");
+  const probe::Result metres = probe::convert(*engine, "0", "263M", point);
+  EXPECT_NEAR(metres.northing, 307874.22545, 6e-6);  // by cs2cs
+  EXPECT_NEAR(metres.easting, 66208.08059, 6e-6);
+  EXPECT_NEAR(probe::convert(*engine, "0", "263", point).northing, 307874.22545 * 39.37 / 12, 2e-5);
+
+  store("Bridge 9", kDefinition + "clrk66", "feet");
+  EXPECT_EQ(engine->GetProjectionData(-263), "Bridge 9~263");
+  EXPECT_NEAR(probe::convert(*engine, "103", "263M", point).northing, 307872.60844, 6e-6);
+
+  store("Bridge 9", "EPSG:4269", "feet");
+  EXPECT_EQ(
+      engine->GetProjectionData(-263),
+      folder.file("QrAppsData/project.txt") + ": the definition cannot be used: it is no projected coordinate system");
+  EXPECT_EQ(probe::convert(*engine, "103", "263M", point).code, 10);
+}
+
+TEST_F(UserProject, IsCheckedBeforeItIsStored) {
+  const std::tuple<std::string, int, const char*> cases[] = {
+      {"263M " + kDefinition + "GRS80", 263,
+       "Datum NAD83.\n"
+       "Northing 100.000, easting 500.000 m: latitude 45 00 00.00000, longitude -93 00 00.00000, inside the area "
+       "served.\n"
+       "Northing 0.000, easting 0.000 m: latitude 44 59 56.75997, longitude -93 00 22.82871, inside the area served."},
+      {"263 EPSG:26715", 263,
+       "Datum NAD27.\n"
+       "Northing 0.000, easting 1640416.667 ft: latitude 00 00 00.00000, longitude -93 00 00.00000, outside the area "
+       "served.\n"
+       "Northing 0.000, easting 0.000 ft: latitude 00 00 00.00000, longitude -97 29 19.30127, outside the area "
+       "served."},
+      {"263M +proj=utm", 999,
+       "The definition cannot be used: neither \"+ellps=GRS80\" (NAD83) nor \"+ellps=clrk66\" (NAD27) is given."}};
+  for (const auto& [text, code, expected] : cases) {
+    std::string filled;
+    EXPECT_EQ(engine->GetProjectionFromText(text, filled), code);
+    EXPECT_EQ(filled, expected);
+  }
+  EXPECT_EQ(engine->GetProjectionData(-263), "None Selected");
+}
+
+}  // namespace
+}  // namespace tovak::engine
