@@ -22,11 +22,11 @@ bool isServed(double latitude, double longitude) {
          longitude <= kAreaServed.east;
 }
 
-/// "Northing N, easting E m: latitude ..., longitude ..., inside the area served".
+/// "northing N, easting E m: latitude ..., longitude ..., inside the area served".
 std::string whereabouts(PJconsts* projection, const PlanePoint& point, run::LengthUnit unit) {
   constexpr int kDecimals = 3;
   const auto length = [&](double metres) { return run::convertLength(metres, run::LengthUnit::metres, unit); };
-  std::string text = "Northing ";
+  std::string text = "northing ";
   text::appendFixed(text, length(point.northing), kDecimals);
   text += ", easting ";
   text::appendFixed(text, length(point.easting), kDecimals);
@@ -75,8 +75,9 @@ ProjectCheck checkProject(pj_ctx* context, std::string_view definition, run::Len
   const FalseOrigin origin = falseOrigin(read.parameters);
   std::string text = "Datum ";
   text += nameOf(read.datum);
-  text += ".\n" + whereabouts(projection.get(), {.northing = origin.northing, .easting = origin.easting}, unit);
-  text += ".\n" + whereabouts(projection.get(), {}, unit) + '.';
+  text += "\nFalse origin, " +
+          whereabouts(projection.get(), {.northing = origin.northing, .easting = origin.easting}, unit);
+  text += "\nZero point, " + whereabouts(projection.get(), {}, unit);
   return {.usable = true, .text = std::move(text)};
 }
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "run/format_index.h"
+#include "run/projection_code.h"
 
 namespace tovak::selection {
 
@@ -15,7 +16,8 @@ EnabledControls enabledControls(const Selections& selections, const run::FormatT
       .targetFile = formats.targets[static_cast<std::size_t>(settings.targetFormat)].kind != run::TargetKind::Screen,
       .sourceProjection = ordinary,
       .targetProjection = ordinary,
-      .sourceUnits = ordinary,
+      .sourceUnits = ordinary && settings.SourceProjectionCode != run::kUserDefinedProject,
+      .targetUnits = !ordinary || settings.TargetProjectionCode != run::kUserDefinedProject,
       .latLongForm = ordinary && settings.latLongFormChosen,
       .ordinaryOptions = ordinary,
       .nextNumber = ordinary && !settings.allowBlankPointNumbers,

@@ -10,7 +10,8 @@ struct EnabledControls {
   bool targetFile = false;
   bool sourceProjection = false;
   bool targetProjection = false;
-  bool sourceUnits = false;
+  bool sourceUnits = false;  ///< not with the user-defined project, whose unit is its own
+  bool targetUnits = false;
   bool latLongForm = false;
   bool ordinaryOptions = false;  ///< adjustment, vertical datum, point numbering, the report's switch
   bool nextNumber = false;

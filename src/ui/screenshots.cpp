@@ -2,7 +2,9 @@
 // docs/screenshots builds and runs it.
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QPalette>
+#include <QPlainTextEdit>
 #include <QStyleFactory>
 #include <QTest>
 #include <QWidget>
@@ -23,6 +25,7 @@
 #include "ui/tovak_input.h"
 #include "ui/tovak_maptech.h"
 #include "ui/tovak_output.h"
+#include "ui/tovak_project.h"
 #include "ui/tovak_wpt_txt.h"
 
 namespace {
@@ -118,6 +121,14 @@ constexpr Picture kPictures[] = {
     {"output", [](const QString&) { return makeOutput(); }},
     {"delimited_formats", [](const QString&) { return makeEditor(tovak::formats::EditorPurpose::InputFile); }},
     {"numbering", [](const QString&) { return makeOptions<tovak::ui::frmTovakDefPtNo>(); }},
+    {"project",
+     [](const QString&) -> std::unique_ptr<QWidget> {
+       auto dialog = std::make_unique<tovak::ui::frmTovakProject>(*engine());
+       dialog->findChild<QLineEdit*>("txtProjectName")->setText("Alder Bridge");
+       dialog->findChild<QPlainTextEdit*>("txtDefinition")
+           ->setPlainText("+proj=tmerc +lat_0=45 +lon_0=-93.5 +k=1.00004 +x_0=30000 +y_0=20000 +ellps=GRS80");
+       return dialog;
+     }},
     {"waypoints", [](const QString&) { return makeOptions<tovak::ui::frmTovakWptTxt>(); }},
     {"maptech", [](const QString&) { return makeOptions<tovak::ui::frmTovakMaptech>(); }},
     {"delorme", [](const QString&) { return makeOptions<tovak::ui::frmTovakDelorme>(); }},

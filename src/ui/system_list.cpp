@@ -25,6 +25,16 @@ bool hasAllWords(const QTreeWidgetItem& item, const QStringList& words) {
   return true;
 }
 
+/// The user-defined project is on the datum of its definition, whatever its number.
+QString datumColumn(std::int16_t code, const QString& name) {
+  const bool isProject = code == run::kUserDefinedProject;
+  for (const char* const datum : {"NAD27", "NAD83"}) {
+    if (isProject && name.endsWith(datum)) return datum;
+  }
+  if (isProject) return {};
+  return run::isNad27(code) ? "NAD27" : "NAD83";
+}
+
 }  // namespace
 
 frmTovakSystems::frmTovakSystems(run::ConversionEngine& engine, std::int16_t chosen, QWidget* parent)
@@ -67,8 +77,7 @@ void frmTovakSystems::fill(run::ConversionEngine& engine, std::int16_t chosen) {
   for (std::int16_t code = 0; code <= run::kLastProjectionCode; ++code) {
     const QString name = systemName(engine, code);
     if (name.isEmpty()) continue;
-    auto* const item = new QTreeWidgetItem(
-        lstSystems_, {QString::number(code), name, run::isNad27(code) ? QString("NAD27") : QString("NAD83")});
+    auto* const item = new QTreeWidgetItem(lstSystems_, {QString::number(code), name, datumColumn(code, name)});
     item->setData(kNumber, Qt::UserRole, code);
     if (code == chosen) lstSystems_->setCurrentItem(item);
   }

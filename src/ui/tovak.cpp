@@ -13,6 +13,8 @@
 
 #include "app/account_line.h"
 #include "run/format_index.h"
+#include "run/projection_box.h"
+#include "run/projection_code.h"
 #include "selection/database_choices.h"
 #include "selection/enabled_controls.h"
 #include "selection/own_file.h"
@@ -22,6 +24,7 @@
 #include "ui/report_printing.h"
 #include "ui/system_list.h"
 #include "ui/tovak_com_del.h"
+#include "ui/tovak_project.h"
 #include "ui/window_person.h"
 #include "ui_tovak.h"
 
@@ -157,6 +160,7 @@ void frmTovak::connectOptions() {
   connect(f.btnNgvd29, &QRadioButton::clicked, this,
           [this] { selections_.run.verticalDatum = run::VerticalDatum::Ngvd29; });
   connect(f.cmdNumbering, &QPushButton::clicked, this, &frmTovak::openOptions<frmTovakDefPtNo>);
+  connect(f.cmdProject, &QPushButton::clicked, this, &frmTovak::openProject);
   connect(f.chkAllowBlank, &QCheckBox::clicked, this, [this](bool allowed) {
     selections_.run.allowBlankPointNumbers = allowed;
     refresh();
@@ -193,6 +197,7 @@ void frmTovak::connectMenus() {
   connect(f.mnuFileExit, &QAction::triggered, this, &QWidget::close);
   connect(f.mnuToolsNumbering, &QAction::triggered, this, &frmTovak::openOptions<frmTovakDefPtNo>);
   connect(f.mnuToolsLayouts, &QAction::triggered, this, [this] { editLayouts(formats::EditorPurpose::Utility); });
+  connect(f.mnuToolsProject, &QAction::triggered, this, &frmTovak::openProject);
   connect(f.mnuToolsWaypoints, &QAction::triggered, this, &frmTovak::openOptions<frmTovakWptTxt>);
   connect(f.mnuToolsMaptech, &QAction::triggered, this, &frmTovak::openOptions<frmTovakMaptech>);
   connect(f.mnuToolsDelorme, &QAction::triggered, this, &frmTovak::openOptions<frmTovakDelorme>);
@@ -204,7 +209,19 @@ run::SideSettings& frmTovak::settingsOf(Side side) {
   return side == Side::Source ? selections_.run.source : selections_.run.target;
 }
 
+/// The user-defined project has a unit of its own, which is that of every side it is chosen for.
+void frmTovak::followProject() {
+  for (const SideWidgets& side : sides_) {
+    if (selection::projectionBox(selections_, side.side).code != run::kUserDefinedProject) continue;
+    const std::string project = engine_.GetProjectionData(-run::kUserDefinedProject);
+    const std::size_t separator = project.find('~');
+    if (separator == std::string::npos) continue;
+    selection::chooseUnit(selections_, side.side, run::marksMetres(std::string_view(project).substr(separator)));
+  }
+}
+
 void frmTovak::refresh() {
+  followProject();
   for (const SideWidgets& side : sides_) refreshSide(side);
   refreshOptions();
   refreshEnabled();
@@ -235,13 +252,19 @@ void frmTovak::refreshLayouts(const SideWidgets& side) {
 }
 
 void frmTovak::showSystem(const SideWidgets& side) {
-  const QString name = systemName(engine_, selection::projectionBox(selections_, side.side).code);
+  const std::int16_t code = selection::projectionBox(selections_, side.side).code;
+  const QString name = systemName(engine_, code);
+  QString problem = name.isEmpty() ? tr("The conversion engine does not know this number") : QString();
+  if (code == run::kUserDefinedProject) {
+    const QString project = toQString(engine_.GetProjectionData(-run::kUserDefinedProject));
+    if (!project.contains('~')) problem = project;
+  }
   side.system->setText(name.isEmpty() ? tr("unknown projection") : name);
-  side.system->setToolTip(name.isEmpty() ? tr("The conversion engine does not know this number") : name);
+  side.system->setToolTip(problem.isEmpty() ? name : problem);
   // Red that stands out from the palette's own background, be it light or dark.
   const bool dark = palette().color(QPalette::Window).lightness() < 128;
   QPalette colours = palette();
-  if (name.isEmpty()) colours.setColor(QPalette::WindowText, dark ? QColor(255, 120, 110) : QColor(180, 0, 0));
+  if (!problem.isEmpty()) colours.setColor(QPalette::WindowText, dark ? QColor(255, 120, 110) : QColor(180, 0, 0));
   side.system->setPalette(colours);
 }
 
@@ -280,6 +303,7 @@ void frmTovak::refreshEnabled() {
       {f.frameSrcMapPrj, enabled.sourceProjection},
       {f.frameTrgMapPrj, enabled.targetProjection},
       {f.frameSourceUnits, enabled.sourceUnits},
+      {f.frameTargetUnits, enabled.targetUnits},
       {f.lstSourceLayout, sourceDelimited},
       {f.cmdSourceLayout, sourceDelimited},
       {f.lstTargetLayout, targetDelimited},
@@ -333,7 +357,10 @@ void frmTovak::editLayouts(formats::EditorPurpose purpose) {
 }
 
 void frmTovak::typeProjection(const SideWidgets& side, const QString& text) {
-  const QString shown = toQString(selection::typeProjection(selections_, side.side, text.toStdString()));
+  QString shown = toQString(selection::typeProjection(selections_, side.side, text.toStdString()));
+  const bool metres = settingsOf(side.side).metres;
+  followProject();
+  if (settingsOf(side.side).metres != metres) shown = toQString(settingsOf(side.side).projectionText);
   if (shown != text) side.projection->setText(shown);
   const qsizetype mark = shown.indexOf('M', 0, Qt::CaseInsensitive);
   if (mark >= 0) side.projection->setCursorPosition(static_cast<int>(mark));
@@ -394,6 +421,11 @@ void frmTovak::dropFile(Side side, const QString& name) {
 template <typename Dialog>
 void frmTovak::openOptions() {
   Dialog(selections_.run, this).exec();
+  refresh();
+}
+
+void frmTovak::openProject() {
+  frmTovakProject(engine_, this).exec();
   refresh();
 }
 

@@ -79,6 +79,7 @@ class frmTovak : public QMainWindow {
   void refreshOptions();
   void refreshEnabled();
   void showSystem(const SideWidgets& side);
+  void followProject();
 
   void chooseSourceFormat(int index);
   void chooseTargetFormat(int index);
@@ -94,6 +95,7 @@ class frmTovak : public QMainWindow {
   void dropFile(selection::Side side, const QString& name);
   template <typename Dialog>
   void openOptions();
+  void openProject();
   void openHelp();
 
   void execute();

@@ -49,16 +49,20 @@ TEST_F(UserProject, IsWhatItsFileSaysAtTheStartOfARun) {
 TEST_F(UserProject, IsCheckedBeforeItIsStored) {
   const std::tuple<std::string, int, const char*> cases[] = {
       {"263M " + kDefinition + "GRS80", 263,
-       "Datum NAD83.\n"
-       "Northing 100.000, easting 500.000 m: latitude 45 00 00.00000, longitude -93 00 00.00000, inside the area "
-       "served.\n"
-       "Northing 0.000, easting 0.000 m: latitude 44 59 56.75997, longitude -93 00 22.82871, inside the area served."},
+       "Datum NAD83\n"
+       "False origin, northing 100.000, easting 500.000 m: latitude 45 00 00.00000, longitude -93 00 00.00000, inside "
+       "the area "
+       "served\n"
+       "Zero point, northing 0.000, easting 0.000 m: latitude 44 59 56.75997, longitude -93 00 22.82871, inside the "
+       "area served"},
       {"263 EPSG:26715", 263,
-       "Datum NAD27.\n"
-       "Northing 0.000, easting 1640416.667 ft: latitude 00 00 00.00000, longitude -93 00 00.00000, outside the area "
-       "served.\n"
-       "Northing 0.000, easting 0.000 ft: latitude 00 00 00.00000, longitude -97 29 19.30127, outside the area "
-       "served."},
+       "Datum NAD27\n"
+       "False origin, northing 0.000, easting 1640416.667 ft: latitude 00 00 00.00000, longitude -93 00 00.00000, "
+       "outside the area "
+       "served\n"
+       "Zero point, northing 0.000, easting 0.000 ft: latitude 00 00 00.00000, longitude -97 29 19.30127, outside the "
+       "area "
+       "served"},
       {"263M +proj=utm", 999,
        "The definition cannot be used: neither \"+ellps=GRS80\" (NAD83) nor \"+ellps=clrk66\" (NAD27) is given."}};
   for (const auto& [text, code, expected] : cases) {

@@ -335,6 +335,11 @@ TEST_F(ConversionRun, TakesUserDefinedProjectsFromTheEngine) {
   engine.project = "Bypass~Projection = 5M~x";
   EXPECT_TRUE(finishes());
   EXPECT_EQ(engine.calls.back().source, "Projection = 5M~x");
+  EXPECT_TRUE(settings.source.metres) << "the unit is the project's";
+
+  engine.project = "project.txt: line 2: damaged";
+  EXPECT_FALSE(finishes());
+  EXPECT_EQ(person.shown.back().text, "The user-defined project cannot be used.\nproject.txt: line 2: damaged");
 
   settings.SourceProjectionCode = 2;
   settings.TargetProjectionCode = 263;

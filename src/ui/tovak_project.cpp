@@ -1,0 +1,68 @@
+#include "ui/tovak_project.h"
+
+#include <string>
+
+#include "run/conversion_run.h"
+#include "run/projection_box.h"
+#include "run/projection_code.h"
+#include "ui/message_box.h"
+#include "ui/qt_text.h"
+#include "ui_tovak_project.h"
+
+namespace tovak::ui {
+
+frmTovakProject::frmTovakProject(run::ConversionEngine& engine, QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmTovakProject>()), engine_(engine) {
+  ui_->setupUi(this);
+  load();
+  connect(ui_->txtProjectName, &QLineEdit::textChanged, this, &frmTovakProject::check);
+  connect(ui_->txtDefinition, &QPlainTextEdit::textChanged, this, &frmTovakProject::check);
+  connect(ui_->btnProjectMetric, &QRadioButton::toggled, this, &frmTovakProject::check);
+  connect(ui_->cmdStore, &QPushButton::clicked, this, &frmTovakProject::store);
+  connect(ui_->cmdReturn, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+frmTovakProject::~frmTovakProject() = default;
+
+/// The stored project; what is wrong with its file is seen until something is typed.
+void frmTovakProject::load() {
+  const run::UserProjectResult stored = run::readUserProject(run::userProjectFile());
+  if (stored.project) {
+    ui_->txtProjectName->setText(toQString(stored.project->name));
+    ui_->txtDefinition->setPlainText(toQString(stored.project->definition));
+  }
+  (!stored.project || stored.project->metres ? ui_->btnProjectMetric : ui_->btnProjectEnglish)->setChecked(true);
+  check();
+  if (!stored.error.empty()) ui_->lblWhereabouts->setText(toQString(stored.error));
+}
+
+run::UserProject frmTovakProject::typed() const {
+  // WKT is often laid out in lines; the file has one.
+  return {.name = ui_->txtProjectName->text().trimmed().toStdString(),
+          .definition = ui_->txtDefinition->toPlainText().simplified().toStdString(),
+          .metres = ui_->btnProjectMetric->isChecked()};
+}
+
+void frmTovakProject::check() {
+  const run::UserProject project = typed();
+  std::string told = tr("Type a name and a definition.").toStdString();
+  bool usable = false;
+  if (!project.definition.empty()) {
+    const std::string text = run::projectionText(run::kUserDefinedProject, project.metres) + ' ' + project.definition;
+    usable = engine_.GetProjectionFromText(text, told) == run::kUserDefinedProject;
+    if (const std::string fault = run::faultOf(project); usable && !fault.empty()) {
+      usable = false;
+      told += "\n" + tr("Not to be stored yet: ").toStdString() + fault + '.';
+    }
+  }
+  ui_->lblWhereabouts->setText(toQString(told));
+  ui_->cmdStore->setEnabled(usable);
+}
+
+void frmTovakProject::store() {
+  std::string error;
+  if (run::writeUserProject(run::userProjectFile(), typed(), error)) return accept();
+  showMessage(this, run::systemMessage(error));
+}
+
+}  // namespace tovak::ui

@@ -1,0 +1,36 @@
+/// The dialog of the user-defined project.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "run/conversion_engine.h"
+#include "run/user_project.h"
+
+namespace Ui {
+class frmTovakProject;
+}
+
+namespace tovak::ui {
+
+/// Shows what the engine makes of the definition while it is typed. Accepted: the project is in its file, for the
+/// engine to find; rejected: the file is as before.
+class frmTovakProject final : public QDialog {
+  Q_OBJECT
+  Q_DISABLE_COPY_MOVE(frmTovakProject)
+
+ public:
+  explicit frmTovakProject(run::ConversionEngine& engine, QWidget* parent = nullptr);
+  ~frmTovakProject() override;
+
+ private:
+  void load();
+  void check();
+  void store();
+  run::UserProject typed() const;
+
+  std::unique_ptr<Ui::frmTovakProject> ui_;
+  run::ConversionEngine& engine_;
+};
+
+}  // namespace tovak::ui
