@@ -167,7 +167,7 @@ ParametersResult readParameters(std::string_view list, std::optional<Datum> expe
   if (std::ranges::find(parameters, "proj", &Parameter::name) == parameters.end()) {
     result.reason = "no projection is named by \"+proj=\"";
   } else if (!datum) {
-    result.reason = "neither \"+ellps=GRS80\" (NAD83) nor \"+ellps=clrk66\" (NAD27) is given";
+    result.reason = R"(neither "+ellps=GRS80" (NAD83) nor "+ellps=clrk66" (NAD27) is given)";
   } else {
     result.datum = *datum;
     (result.parameters += "+ellps=") += ellipsoidOf(*datum);

@@ -26,7 +26,7 @@ struct Key {
 
 std::string takeUnit(UserProject& project, std::string_view value) {
   project.metres = text::equalsIgnoringCase(value, kMetres);
-  return project.metres || text::equalsIgnoringCase(value, kFeet) ? "" : "the unit is neither \"metres\" nor \"feet\"";
+  return project.metres || text::equalsIgnoringCase(value, kFeet) ? "" : R"(the unit is neither "metres" nor "feet")";
 }
 
 constexpr std::array<Key, 3> kKeys = {{
@@ -72,7 +72,7 @@ class Reader {
       seen_[i] = true;
       return kKeys[i].take(project_, text::trimBlanks(line.substr(sign + 1)));
     }
-    return "the keys are \"name\", \"definition\" and \"unit\"";
+    return R"(the keys are "name", "definition" and "unit")";
   }
 
   text::LineReader lines_;

@@ -19,6 +19,9 @@ TEST(EngineStart, TellsMissingFromOutdatedComponents) {
   const run::Message outdated = {"The TovakX Component is out of date.\nRun the newest TovakX_Install.exe.",
                                  "TovakX Version Error", run::Icon::None};
   const std::string projData = "/usr/share/proj", nothing = folder.path().string();
+  std::filesystem::create_directory(folder.path() / "QrAppsData");
+  folder.write("QrAppsData/counties.txt", "# none\n5|Adler\n");
+  const EnvironmentVariable appData("APPDATA", folder.path().string());
   // The module, where PROJ's database is looked for, a part of the reason, the message.
   const std::tuple<std::string, std::string, const char*, run::Message> cases[] = {
       {folder.file("missing.so"), projData, "No such file", missing},
@@ -26,7 +29,8 @@ TEST(EngineStart, TellsMissingFromOutdatedComponents) {
       {kBinaries + "/empty_module.so", projData, "createTovakXEngine", missing},
       {kBinaries + "/unwilling_engine.so", projData, "no database", missing},
       {kBinaries + "/outdated_engine.so", projData, "", outdated},
-      {"", nothing, "proj.db", missing}};
+      {"", nothing, "proj.db", missing},
+      {"", projData, "QrAppsData/counties.txt: line 2: seven fields", missing}};
   for (const auto& [module, database, reason, message] : cases) {
     const EnvironmentVariable component("TOVAKX_COMPONENT", module), data("PROJ_DATA", database);
     const EngineStart start = startEngine();

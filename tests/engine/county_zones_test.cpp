@@ -76,7 +76,7 @@ class CountyFile : public testing::Test {
 };
 
 TEST_F(CountyFile, ReplacesTheProgramsOwn) {
-  EXPECT_EQ(fault("# mine\r\n\r\n 5 | Adler | | | NAD83 | C | EPSG:26915\r\n"), "");
+  EXPECT_EQ(fault("# mine\r\n\r\n108|Adler|||NAD27|C|EPSG:26715\n 5 | Adler | | | NAD83 | C | EPSG:26915\r\n"), "");
   const auto engine = probe::freshEngine();
   std::string filled;
   EXPECT_EQ(engine->GetProjectionFromText("ADLER", filled), 5);
