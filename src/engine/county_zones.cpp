@@ -68,6 +68,7 @@ std::string readNames(std::string_view county, std::string_view word, std::strin
   }
   zone.county = county;
   zone.word = word;
+  zone.place = word.empty() ? zone.county : zone.county + ' ' + zone.word;
   zone.text = zoneText;
   return {};
 }
@@ -89,10 +90,6 @@ std::string readLine(std::string_view line, CountyZone& zone) {
   return {};
 }
 
-std::string countyAndWord(const CountyZone& zone) {
-  return zone.word.empty() ? zone.county : zone.county + ' ' + zone.word;
-}
-
 bool isTwin(const CountyZone& a, const CountyZone& b) {
   return a.county == b.county && a.word == b.word && a.text == b.text && a.statePlane == b.statePlane;
 }
@@ -105,7 +102,7 @@ std::string lineOf(const CountyZone& zone) {
 
 std::string systemName(const CountyZone& zone) {
   std::string name = "County zone ";
-  name += !zone.text.empty() ? zone.text : countyAndWord(zone);
+  name += !zone.text.empty() ? zone.text : zone.place;
   return name + ", " + std::string(nameOf(zone.datum));
 }
 
@@ -113,7 +110,7 @@ std::string systemName(const CountyZone& zone) {
 std::string conflict(const std::vector<CountyZone>& zones, const CountyZone& zone) {
   for (const CountyZone& other : zones) {
     if (other.code == zone.code) return "the code stands in" + lineOf(other) + " too";
-    if (other.datum == zone.datum && text::equalsIgnoringCase(countyAndWord(other), countyAndWord(zone)))
+    if (other.datum == zone.datum && text::equalsIgnoringCase(other.place, zone.place))
       return "the county and zone stand in" + lineOf(other) + " too";
     if (std::abs(other.code - zone.code) == kTwinDistance && !isTwin(other, zone))
       return "county, zone and state plane letter are not those of the other datum's" + lineOf(other);
@@ -170,7 +167,7 @@ const CountyZone* findZone(const std::vector<CountyZone>& zones, std::string_vie
   const CountyZone* first = nullptr;
   for (const CountyZone& zone : zones) {
     if (zone.datum != Datum::nad83) continue;
-    if (text::equalsIgnoringCase(countyAndWord(zone), text)) return &zone;
+    if (text::equalsIgnoringCase(zone.place, text)) return &zone;
     const bool standsForCounty = std::ranges::find(kFirstZones, zone.code) != std::end(kFirstZones);
     if (standsForCounty && text::equalsIgnoringCase(zone.county, text)) first = &zone;
   }

@@ -16,8 +16,9 @@ namespace tovak::engine {
 struct CountyZone {
   std::int16_t code = 0;  ///< 5 to 102 on NAD83, 108 to 205 on NAD27; a zone's two numbers are 103 apart
   std::string county;
-  std::string word;  ///< of the zone, such as "North Shore"; empty where the county is one zone
-  std::string text;  ///< by which the agency's files name the zone, such as "Lake - North"; may be empty
+  std::string word;   ///< of the zone, such as "North Shore"; empty where the county is one zone
+  std::string place;  ///< county and, where there is a word, a blank and the word
+  std::string text;   ///< by which the agency's files name the zone, such as "Lake - North"; may be empty
   Datum datum = Datum::nad83;
   char statePlane = 'N';   ///< the state plane zone that the county lies in: N, C or S
   std::string definition;  ///< as `readDefinition` takes it
