@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <string>
 #include <utility>
 
 #include <proj.h>
 
+#include "engine/geographic.h"
 #include "engine/proj_objects.h"
 #include "engine/projections.h"
 #include "text/strings.h"
@@ -15,7 +15,6 @@
 namespace tovak::engine {
 namespace {
 
-constexpr double kRadiansPerDegree = std::numbers::pi / 180.0;
 constexpr Geographic kMiddle = {.latitude = (kAreaServed.south + kAreaServed.north) / 2.0 * kRadiansPerDegree,
                                 .longitude = (kAreaServed.west + kAreaServed.east) / 2.0 * kRadiansPerDegree};
 

@@ -1,10 +1,10 @@
 #include "engine/project.h"
 
 #include <algorithm>
-#include <numbers>
 #include <utility>
 
 #include "engine/definition.h"
+#include "engine/geographic.h"
 #include "engine/proj_objects.h"
 #include "engine/projections.h"
 #include "run/projection_code.h"
@@ -14,8 +14,6 @@
 
 namespace tovak::engine {
 namespace {
-
-constexpr double kDegreesPerRadian = 180.0 / std::numbers::pi;
 
 bool isServed(double latitude, double longitude) {
   return latitude >= kAreaServed.south && latitude <= kAreaServed.north && longitude >= kAreaServed.west &&
