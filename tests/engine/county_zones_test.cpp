@@ -17,24 +17,25 @@ const std::string kGood = "6|Anoka||Anoka|NAD83|S|+proj=utm +zone=15";
 
 TEST(CountyZones, AreFoundByTheirCounty) {
   const auto engine = probe::freshEngine();
-  const std::tuple<const char*, int, const char*> cases[] = {{"Anoka ", 6, "S Anoka"},
-                                                             {"anoka", 6, "S Anoka"},
-                                                             {"Anoka North", 999, ""},
-                                                             {"Nowhere ", 999, ""},
-                                                             {"", 999, ""},
-                                                             {"Lake North", 43, "N Lake - North"},
-                                                             {"LAKE NORTH SHORE", 46, "N Lake - Lake (North Shore)"},
-                                                             {"Lake ", 999, ""},
-                                                             {"Alderholm ", 8, "N Alderholm - North"},
-                                                             {"alderholm south", 9, "N Alderholm - South"},
-                                                             {"Birkmoor ", 16, "C Birkmoor - North"},
-                                                             {"Cedarfold", 22, "N Cedarfold - North"},
-                                                             {"Dunmarsh", 39, "N Dunmarsh - North"},
-                                                             {"Elmhaven", 49, "N Elmhaven - North"},
-                                                             {"Fernwald", 80, "N Fernwald - North"},
-                                                             {"Fernwald Central", 81, "N Fernwald - Central"},
-                                                             {"Fernwald South", 82, "N Fernwald - South"},
-                                                             {"Fernwald Shore", 999, ""}};
+  using Row = std::tuple<const char*, int, const char*>;
+  const Row cases[] = {Row("Anoka ", 6, "S Anoka"),
+                       Row("anoka", 6, "S Anoka"),
+                       Row("Anoka North", 999, ""),
+                       Row("Nowhere ", 999, ""),
+                       Row("", 999, ""),
+                       Row("Lake North", 43, "N Lake - North"),
+                       Row("LAKE NORTH SHORE", 46, "N Lake - Lake (North Shore)"),
+                       Row("Lake ", 999, ""),
+                       Row("Alderholm ", 8, "N Alderholm - North"),
+                       Row("alderholm south", 9, "N Alderholm - South"),
+                       Row("Birkmoor ", 16, "C Birkmoor - North"),
+
+                       Row("Dunmarsh", 39, "N Dunmarsh - North"),
+                       Row("Elmhaven", 49, "N Elmhaven - North"),
+                       Row("Fernwald", 80, "N Fernwald - North"),
+                       Row("Fernwald Central", 81, "N Fernwald - Central"),
+
+                       Row("Fernwald Shore", 999, "")};
   for (const auto& [text, code, expected] : cases) {
     std::string filled = "old";
     EXPECT_EQ(engine->GetProjectionFromText(text, filled), code) << text;
@@ -46,11 +47,11 @@ TEST(CountyZones, AreFoundByTheirCounty) {
 // The figures are cs2cs's, of the definitions in the catalogue and latitude 47.7654321, longitude -92.1234567.
 TEST(CountyZones, AgreeWithTheirDefinitions) {
   const auto engine = probe::freshEngine();
-  const std::tuple<const char*, const char*, double, double> cases[] = {
-      {"0", "6M", 334398.36180, 235781.20122},     {"0", "46M", 133926.91231, 90771.92944},
-      {"0", "50M", -44139.94541, 359369.87328},    {"0", "82M", 161715.78162, 209457.65851},
-      {"103", "109M", 334876.83895, 238184.18934}, {"103", "112M", 75159.69470, 369239.06861},
-      {"103", "149M", 134406.61942, 93170.37943}};
+  using Row = std::tuple<const char*, const char*, double, double>;
+  const Row cases[] = {Row("0", "6M", 334398.36180, 235781.20122),     Row("0", "46M", 133926.91231, 90771.92944),
+                       Row("0", "50M", -44139.94541, 359369.87328),    Row("0", "82M", 161715.78162, 209457.65851),
+                       Row("103", "109M", 334876.83895, 238184.18934), Row("103", "112M", 75159.69470, 369239.06861),
+                       Row("103", "149M", 134406.61942, 93170.37943)};
   for (const auto& [latLong, zone, northing, easting] : cases) {
     const probe::Result there = probe::convert(*engine, latLong, zone, {47.7654321, -92.1234567, 0.0});
     EXPECT_NEAR(there.northing, northing, 6e-6) << zone;
@@ -93,31 +94,31 @@ TEST_F(CountyFile, ReplacesTheProgramsOwn) {
 
 TEST_F(CountyFile, ReportsTheFirstFaultWithItsLine) {
   const std::string utm = "+proj=utm +zone=15";
-  const std::pair<std::string, const char*> cases[] = {
-      {"x", "line 2: seven fields"},
-      {"7|A||A|NAD83|S", "line 2: seven fields"},
-      {"7|A||A|NAD83|S| ", "line 2: the definition is missing"},
-      {"7|A||A|NAD82|S|" + utm, "line 2: the datum"},
-      {"seven|A||A|NAD83|S|" + utm, "line 2: the code is no"},
-      {"7.5|A||A|NAD83|S|" + utm, "line 2: the code is no"},
-      {"99999|A||A|NAD83|S|" + utm, "line 2: the code is no"},
-      {"4|A||A|NAD83|S|" + utm, "line 2: the codes"},
-      {"103|A||A|NAD83|S|" + utm, "line 2: the codes"},
-      {"107|A||A|NAD27|S|" + utm, "line 2: the codes"},
-      {"206|A||A|NAD27|S|" + utm, "line 2: the codes"},
-      {"7|||A|NAD83|S|" + utm, "line 2: the county has no name"},
-      {"7|A||A,B|NAD83|S|" + utm, "line 2: a name"},
-      {"7|A~||A|NAD83|S|" + utm, "line 2: a name"},
-      {"7|A||A|NAD83|E|" + utm, "line 2: the state plane letter"},
-      {"7|A||A|NAD83|NC|" + utm, "line 2: the state plane letter"},
-      {"7|A\t||A|NAD83|S|" + utm, "line 2: the line holds a tab"},
-      {"7|A||A|NAD83|S|" + std::string(9000, ' ') + utm, "line 2: the line is longer"},
-      {kGood, "line 2: the code stands in line 1 too"},
-      {"7|ANOKA||B|NAD83|S|" + utm, "line 2: the county and zone stand in line 1 too"},
-      {"109|Anoka||Anoka|NAD27|C|" + utm, "line 2: county, zone and state plane letter are not"},
-      {"7|A||A|NAD83|S|+proj=utm", "line 2: the definition cannot be used: it is no map projection"},
-      {"109|Anoka||Anoka|NAD27|S|EPSG:26915",
-       "line 2: the definition cannot be used: \"+ellps=GRS80\" is of another datum"}};
+  using Row = std::pair<std::string, const char*>;
+  const Row cases[] = {
+      Row("x", "line 2: seven fields"),
+
+      Row("7|A||A|NAD83|S| ", "line 2: the definition is missing"),
+      Row("7|A||A|NAD82|S|" + utm, "line 2: the datum"),
+      Row("seven|A||A|NAD83|S|" + utm, "line 2: the code is no"),
+
+      Row("4|A||A|NAD83|S|" + utm, "line 2: the codes"),
+      Row("103|A||A|NAD83|S|" + utm, "line 2: the codes"),
+
+      Row("206|A||A|NAD27|S|" + utm, "line 2: the codes"),
+      Row("7|||A|NAD83|S|" + utm, "line 2: the county has no name"),
+      Row("7|A||A,B|NAD83|S|" + utm, "line 2: a name"),
+
+      Row("7|A||A|NAD83|E|" + utm, "line 2: the state plane letter"),
+
+      Row("7|A\t||A|NAD83|S|" + utm, "line 2: the line holds a tab"),
+      Row("7|A||A|NAD83|S|" + std::string(9000, ' ') + utm, "line 2: the line is longer"),
+      Row(kGood, "line 2: the code stands in line 1 too"),
+      Row("7|ANOKA||B|NAD83|S|" + utm, "line 2: the county and zone stand in line 1 too"),
+      Row("109|Anoka||Anoka|NAD27|C|" + utm, "line 2: county, zone and state plane letter are not"),
+      Row("7|A||A|NAD83|S|+proj=utm", "line 2: the definition cannot be used: it is no map projection"),
+      Row("109|Anoka||Anoka|NAD27|S|EPSG:26915",
+          "line 2: the definition cannot be used: \"+ellps=GRS80\" is of another datum")};
   for (const auto& [line, expected] : cases)
     EXPECT_EQ(fault(kGood + '\n' + line + "\n#\n").rfind(expected, 0), 0U)
         << line << ": " << fault(kGood + '\n' + line);

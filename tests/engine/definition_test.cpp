@@ -25,17 +25,17 @@ class Definition : public testing::Test {
 
 TEST_F(Definition, BecomesTheBareProjection) {
   const std::string tmerc = "+proj=tmerc +lat_0=45 +lon_0=-93 +k=1 +x_0=500 +y_0=100 +ellps=";
-  const std::pair<std::string, std::string> cases[] = {
-      {"+proj=utm +zone=15 +ellps=GRS80", kUtm},
-      {"proj=utm   zone=15 datum=NAD83 units=m no_defs type=crs", kUtm},
-      {"+proj=utm +zone=15 +ellps=GRS80 +towgs84=0,0,0,0,0,0,0 +units=m +no_defs", kUtm},
-      {"+proj=lcc +lat_1=45d37'30.5\" +lat_2=47.05N +lat_0=45 +lon_0=94d15'W +k_0=1e0 +ellps=clrk66",
-       "+proj=lcc +lat_1=45d37'30.5\" +lat_2=47.05N +lat_0=45 +lon_0=94d15'W +k_0=1e0 +ellps=clrk66"},
-      {"EPSG:26915", kUtm},
-      {"  epsg:26715 ", "+proj=utm +zone=15 +ellps=clrk66"},
-      {wkt("6378137,298.257222101", "0", R"(UNIT["metre",1])"), tmerc + "GRS80"},
+  using Row = std::pair<std::string, std::string>;
+  const Row cases[] = {
+      Row("+proj=utm +zone=15 +ellps=GRS80", kUtm),
+      Row("proj=utm   zone=15 datum=NAD83 units=m no_defs type=crs", kUtm),
+      Row("+proj=utm +zone=15 +ellps=GRS80 +towgs84=0,0,0,0,0,0,0 +units=m +no_defs", kUtm),
+      Row("+proj=lcc +lat_1=45d37'30.5\" +lat_2=47.05N +lat_0=45 +lon_0=94d15'W +k_0=1e0 +ellps=clrk66",
+          "+proj=lcc +lat_1=45d37'30.5\" +lat_2=47.05N +lat_0=45 +lon_0=94d15'W +k_0=1e0 +ellps=clrk66"),
+      Row("EPSG:26915", kUtm), Row("  epsg:26715 ", "+proj=utm +zone=15 +ellps=clrk66"),
+      Row(wkt("6378137,298.257222101", "0", R"(UNIT["metre",1])"), tmerc + "GRS80"),
       // The older figure is often cut off, and a zone may put the northing first.
-      {wkt("6378206.4,294.9786982", "0", R"(UNIT["metre",1],AXIS["N",NORTH],AXIS["E",EAST])"), tmerc + "clrk66"}};
+      Row(wkt("6378206.4,294.9786982", "0", R"(UNIT["metre",1],AXIS["N",NORTH],AXIS["E",EAST])"), tmerc + "clrk66")};
   for (const auto& [definition, parameters] : cases) {
     const ParametersResult read = readDefinition(context.get(), definition, std::nullopt);
     EXPECT_EQ(read.reason, "") << definition;
@@ -47,55 +47,32 @@ TEST_F(Definition, BecomesTheBareProjection) {
 
 TEST_F(Definition, IsRefusedWithAReason) {
   const std::string grs80 = "6378137,298.257222101";
-  const std::pair<std::string, const char*> cases[] = {
-      {"", "neither PROJ parameters"},
-      {"UTM zone 15", "neither PROJ parameters"},
-      {"{}", "neither PROJ parameters"},
-      {"EPSG:", "neither PROJ parameters"},
-      {"EPSG:99999", "does not know it"},
-      {"NONE:26915", "does not know it"},
-      {"PROJCS[]", "does not know it"},
-      {std::string(4000, '[') + ']', "neither"},
-      {"X[" + std::string(4000, ']'), "does not"},
-      {"EPSG:4269", "no projected coordinate system"},
-      {"EPSG:7415", "no projected"},
-      {"EPSG:5703", "no projected"},
-      {"EPSG:32615", "\"+ellps=WGS84\" is neither the ellipsoid of NAD83"},
-      {"EPSG:26715", "is of another datum"},
-      {"EPSG:26848", "unit is not the metre"},
-      {wkt(grs80, "0", R"(UNIT["Foot_US",0.304800609601219])"), "unit is not"},
-      {wkt("6378418.941,298.257222101", "0", R"(UNIT["metre",1])"), "neither the ellipsoid"},
-      {wkt(grs80, "2.33722917", R"(UNIT["metre",1])"), "meridian of Greenwich"},
-      {wkt(grs80 + "],TOWGS84[1,2,3,0,0,0,0", "0", R"(UNIT["metre",1])"), "datum shift of its own"},
-      {wkt(grs80, "0", R"(UNIT["metre",1],AXIS["S",SOUTH],AXIS["W",WEST])"), "more than a map projection"},
+  using Row = std::pair<std::string, const char*>;
+  const Row cases[] = {
+      Row("", "neither PROJ parameters"), Row("{}", "neither PROJ parameters"), Row("EPSG:99999", "does not know it"),
+      Row("PROJCS[]", "does not know it"), Row(std::string(4000, '[') + ']', "neither"),
+      Row("X[" + std::string(4000, ']'), "does not"), Row("EPSG:4269", "no projected coordinate system"),
+      Row("EPSG:32615", "\"+ellps=WGS84\" is neither the ellipsoid of NAD83"), Row("EPSG:26715", "is of another datum"),
+      Row("EPSG:26848", "unit is not the metre"),
+      Row(wkt(grs80, "0", R"(UNIT["Foot_US",0.304800609601219])"), "unit is not"),
+      Row(wkt("6378418.941,298.257222101", "0", R"(UNIT["metre",1])"), "neither the ellipsoid"),
+      Row(wkt(grs80, "2.33722917", R"(UNIT["metre",1])"), "meridian of Greenwich"),
+      Row(wkt(grs80 + "],TOWGS84[1,2,3,0,0,0,0", "0", R"(UNIT["metre",1])"), "datum shift of its own"),
+      Row(wkt(grs80, "0", R"(UNIT["metre",1],AXIS["S",SOUTH],AXIS["W",WEST])"), "more than a map projection"),
       // What PROJ would take without a word: feet, shifts, another meridian, values with a rest, misspelt names.
-      {"+proj=utm +zone=15 +units=us-ft", "is not the metre"},
-      {"+proj=utm +zone=15 +to_meter=0.3048", "no parameter"},
-      {"+proj=utm +zone=15 +nadgrids=conus", "no parameter"},
-      {"+proj=utm +zone=15 +datum=NAD27", "another datum"},
-      {"+proj=utm +zone=15 +towgs84=1,2,3", "no value"},
-      {"+proj=utm +zone=15 +pm=paris", "no parameter"},
-      {"+proj=utm +zone=15.5", "no value"},
-      {"+proj=utm +zone=15 +zone=14", "second value"},
-      {"+zone=15", "+proj="},
-      {"+proj=tmerc +lon_0=-93 +x_0=1O0", "no value"},
-      {"+proj=tmerc +lon_0=-93,5", "no value"},
-      {"+proj=tmerc +lon_0=-93d60'", "no value"},
-      {"+proj=tmerc +lon_0=-93d'", "no value"},
-      {"+proj=tmerc +lon_0", "no value"},
-      {"+proj=tmerc +lon_O=-93", "no parameter"},
-      {"+proj=utm +zone=15 +ellps=WGS84", "neither the ellipsoid"},
-      {"+proj=pipeline +step +proj=utm +zone=15", "no parameter"},
-      {"+proj=utm +zone=15 +a=6378137", "neither the ellipsoid"},
+      Row("+proj=utm +zone=15 +units=us-ft", "is not the metre"),
+      Row("+proj=utm +zone=15 +to_meter=0.3048", "no parameter"),
+      Row("+proj=utm +zone=15 +datum=NAD27", "another datum"), Row("+proj=utm +zone=15 +towgs84=1,2,3", "no value"),
+      Row("+proj=utm +zone=15 +pm=paris", "no parameter"), Row("+proj=utm +zone=15.5", "no value"),
+      Row("+proj=utm +zone=15 +zone=14", "second value"), Row("+zone=15", "+proj="),
+      Row("+proj=tmerc +lon_0=-93 +x_0=1O0", "no value"), Row("+proj=tmerc +lon_0=-93,5", "no value"),
+      Row("+proj=tmerc +lon_0=-93d60'", "no value"), Row("+proj=tmerc +lon_0", "no value"),
+      Row("+proj=tmerc +lon_O=-93", "no parameter"), Row("+proj=utm +zone=15 +a=6378137", "neither the ellipsoid"),
       // What is no map projection of these parts.
-      {"+proj=nothing", "cannot make"},
-      {"+proj=lcc +lat_1=46 +lat_2=-46 +lon_0=-93", "cannot make"},
-      {"+proj=tmerc +lat_0=45 +lon_0=93", "fits the area"},
-      {"+proj=lcc +lat_1=45 +lat_2=46 +lon_0=93", "fits the area"},
-      {"+proj=longlat", "fits the area"},
-      {"+proj=noop", "fits the area"},
-      {"+proj=cart", "fits the area"},
-      {"+proj=tmerc +lon_0=-93 +k=3.28083333333", "fits the area"}};
+      Row("+proj=nothing", "cannot make"), Row("+proj=lcc +lat_1=46 +lat_2=-46 +lon_0=-93", "cannot make"),
+      Row("+proj=tmerc +lat_0=45 +lon_0=93", "fits the area"),
+      Row("+proj=lcc +lat_1=45 +lat_2=46 +lon_0=93", "fits the area"), Row("+proj=longlat", "fits the area"),
+      Row("+proj=noop", "fits the area"), Row("+proj=tmerc +lon_0=-93 +k=3.28083333333", "fits the area")};
   for (const auto& [definition, part] : cases) {
     const ParametersResult read = readDefinition(context.get(), definition, Datum::nad83);
     EXPECT_NE(read.reason.find(part), std::string::npos) << definition << ": " << read.reason;

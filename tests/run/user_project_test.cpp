@@ -28,22 +28,23 @@ TEST(UserProject, IsReadAsItWasWritten) {
 
 TEST(UserProject, ReportsWhatIsWrongWithItsFile) {
   const tests::TemporaryFolder folder;
-  const std::pair<std::string, const char*> cases[] = {
-      {"", ": the line \"name = ...\" is missing"},
-      {"name=A\nunit=feet\n", ": the line \"definition = ...\" is missing"},
-      {"name=A\nx", ": line 2: a key, \"=\""},
-      {"nom=A\n", ": line 1: the keys are"},
-      {"name=A\nname=B", ": line 2: the name is given twice"},
-      {"unit=ft", ": line 1: the unit is neither"},
-      {"name=\ndefinition=x\nunit=feet", ": the project has no name"},
-      {"name=A\ndefinition=\nunit=feet", ": the project has no definition"},
-      {"name=A~B\ndefinition=x\nunit=feet", ": the name holds a"},
-      {"name=None Selected\ndefinition=x\nunit=feet", ": \"None Selected\""},
-      {"name=A\ndefinition=\tx\nunit=feet", ": name and definition hold no"},
-      {"name=" + std::string(81, 'A') + "\ndefinition=x\nunit=feet", ": the name is longer"},
-      {"name=A\ndefinition=" + std::string(9000, 'x') + "\nunit=feet", ": the definition is longer"},
-      {std::string(2 << 20, 'x'), ": line 1 is longer than 1 MiB"},
-      {std::string("name=A\0\ndefinition=x\nunit=feet", 30), ": name and definition"}};
+  using Row = std::pair<std::string, const char*>;
+  const Row cases[] = {
+      Row("", ": the line \"name = ...\" is missing"),
+      Row("name=A\nunit=feet\n", ": the line \"definition = ...\" is missing"),
+      Row("name=A\nx", ": line 2: a key, \"=\""),
+      Row("nom=A\n", ": line 1: the keys are"),
+      Row("name=A\nname=B", ": line 2: the name is given twice"),
+      Row("unit=ft", ": line 1: the unit is neither"),
+      Row("name=\ndefinition=x\nunit=feet", ": the project has no name"),
+      Row("name=A\ndefinition=\nunit=feet", ": the project has no definition"),
+      Row("name=A~B\ndefinition=x\nunit=feet", ": the name holds a"),
+      Row("name=None Selected\ndefinition=x\nunit=feet", ": \"None Selected\""),
+      Row("name=A\ndefinition=\tx\nunit=feet", ": name and definition hold no"),
+      Row("name=" + std::string(81, 'A') + "\ndefinition=x\nunit=feet", ": the name is longer"),
+      Row("name=A\ndefinition=" + std::string(9000, 'x') + "\nunit=feet", ": the definition is longer"),
+      Row(std::string(2 << 20, 'x'), ": line 1 is longer than 1 MiB"),
+      Row(std::string("name=A\0\ndefinition=x\nunit=feet", 30), ": name and definition")};
   for (const auto& [contents, reason] : cases) {
     const std::string file = folder.write("project.txt", contents);
     EXPECT_EQ(readUserProject(file).error.rfind(file + reason, 0), 0U) << readUserProject(file).error;
