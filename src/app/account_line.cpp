@@ -27,6 +27,7 @@ std::string skippedList(const run::RecordCounts& counts) {
   std::string list;
   appendItem(list, counts.refusedByEngine, " by the engine", false);
   appendItem(list, counts.refusedAngle, " for an angle", false);
+  appendItem(list, counts.refusedCounty, " for a county, zone or datum", false);
   list += "; first in line ";
   appendCount(list, counts.firstSkippedLine, ": ");
   return list + counts.firstSkipReason;

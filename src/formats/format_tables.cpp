@@ -2,6 +2,9 @@
 
 #include <array>
 
+#include "formats/agency/geodetics_special.h"
+#include "formats/agency/krv_batch.h"
+#include "formats/agency/lmo_export.h"
 #include "formats/delimited/built_in_formats.h"
 #include "formats/delimited/delimited_reader.h"
 #include "formats/delimited/delimited_writer.h"
@@ -40,9 +43,9 @@ constexpr std::array<SourceFormat, 14> kSources = {{
      .makeReader = makeCoordsLogNumberInDescriptionReader,
      .packedAngles = true},
     {.name = "Geopak Print Points File", .makeReader = makeGeopakReader},
-    {.name = "Geodetics Special", .kind = SourceKind::AgencyRun},
-    {.name = "KRV Batch Input File", .kind = SourceKind::AgencyRun},
-    {.name = "LMO Batch Input File", .kind = SourceKind::AgencyRun},
+    {.name = "Geodetics Special", .kind = SourceKind::AgencyRun, .exportFile = exportGeodeticsSpecial},
+    {.name = "KRV Batch Input File", .kind = SourceKind::AgencyRun, .exportFile = refuseKrvBatch},
+    {.name = "LMO Batch Input File", .kind = SourceKind::AgencyRun, .exportFile = exportLmoBatch},
     {.name = "Maptech Export File (*.MXF)", .makeReader = makeDelimitedReader, .prepare = prepareMaptechSource},
     {.name = "WayPoints+ Format (from Garmin)",
      .makeReader = makeDelimitedReader,

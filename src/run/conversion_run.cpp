@@ -20,9 +20,6 @@
 namespace tovak::run {
 namespace {
 
-/// How many records pass between two reports of progress.
-constexpr std::uint64_t kProgressStep = 4096;
-
 class ConversionRun {
  public:
   ConversionRun(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats, Person& person)
@@ -38,7 +35,7 @@ class ConversionRun {
  private:
   // Each step returns false when it has stopped the run.
   bool checkGeodeticCsvChoice();
-  bool leaveForAgencyRun();
+  bool exportFile();
   void prepareFormats();
   bool checkCombination();
   bool confirmWarnings();
@@ -81,7 +78,7 @@ RunResult ConversionRun::execute() {
   const DelimitedFormat chosenSource = settings_.sourceDelimited;
   const DelimitedFormat chosenTarget = settings_.targetDelimited;
   result_.outcome = RunOutcome::Finished;
-  const bool finished = prepare() && convertPoints() && finish();
+  const bool finished = source_.kind == SourceKind::AgencyRun ? exportFile() : prepare() && convertPoints() && finish();
   if (!finished) result_.outcome = RunOutcome::Stopped;
   settings_.sourceDelimited = chosenSource;
   settings_.targetDelimited = chosenTarget;
@@ -89,7 +86,7 @@ RunResult ConversionRun::execute() {
 }
 
 bool ConversionRun::prepare() {
-  if (!checkGeodeticCsvChoice() || !leaveForAgencyRun()) return false;
+  if (!checkGeodeticCsvChoice()) return false;
   prepareFormats();
   return checkCombination() && confirmWarnings() && takeProjectionTexts() && completeTargetName() && openSource() &&
          openOutputs();
@@ -117,11 +114,14 @@ bool ConversionRun::checkGeodeticCsvChoice() {
   return true;
 }
 
-/// Agency exports drive the engine themselves and never meet the combination rules, but for one: no export may read
-/// the file it writes.
-bool ConversionRun::leaveForAgencyRun() {
-  if (source_.kind != SourceKind::AgencyRun) return true;
-  return stop(filesCollide(settings_) ? collisionMessage() : messages::formatNotAvailable());
+/// Agency exports drive the engine themselves and never meet the combination rules.
+bool ConversionRun::exportFile() {
+  Message message;
+  const ExportContext context = {
+      .settings = settings_, .engine = engine_, .counts = result_.counts, .person = person_, .message = message};
+  if (!source_.exportFile(context)) return stop(message);
+  if (interactive()) person_.show(message);
+  return true;
 }
 
 void ConversionRun::prepareFormats() {
@@ -137,6 +137,7 @@ void ConversionRun::prepareFormats() {
 
 bool ConversionRun::checkCombination() {
   if (const Message* const broken = firstBrokenRule(settings_)) return stop(*broken);
+  if (target_.kind == TargetKind::AgencyRun) return stop(messages::batchSourceMissing());
   const bool writable = target_.kind == TargetKind::Screen || target_.makeWriter != nullptr;
   if (source_.makeReader == nullptr || !writable) return stop(messages::formatNotAvailable());
   return true;

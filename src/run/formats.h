@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "run/conversion_engine.h"
 #include "run/person.h"
 #include "run/point_record.h"
 #include "run/record_counts.h"
@@ -72,6 +73,15 @@ class PointWriter {
   virtual bool end() = 0;
 };
 
+/// What an agency export works with. It opens and closes its files itself.
+struct ExportContext {
+  const RunSettings& settings;
+  ConversionEngine& engine;
+  RecordCounts& counts;
+  Person& person;    ///< is told the progress; messages are the run's
+  Message& message;  ///< receives what is said at the end, good or bad
+};
+
 enum class SourceKind { Keyboard, File, AgencyRun };
 enum class TargetKind { Screen, File, AgencyRun };
 
@@ -80,6 +90,9 @@ struct SourceFormat {
   SourceKind kind = SourceKind::File;
   /// Null while the format cannot be read.
   std::unique_ptr<PointReader> (*makeReader)(const SourceContext&) = nullptr;
+  /// Does the whole job of an agency run, from the check of the target format to the finished file; null for the other
+  /// kinds. False when the message stopped it.
+  bool (*exportFile)(const ExportContext&) = nullptr;
   /// Sets what the format forces on a run; null for nothing.
   void (*prepare)(RunSettings&) = nullptr;
   /// The layout itself packs angles as degrees, minutes and seconds, whatever form is chosen.

@@ -11,6 +11,9 @@
 
 namespace tovak::run {
 
+/// How many records pass between two reports of progress.
+inline constexpr std::uint64_t kProgressStep = 4096;
+
 /// The options dialogs that some targets show before their file is opened.
 enum class TargetOptions { None, DeLorme, Maptech, TrimbleWaypoints };
 

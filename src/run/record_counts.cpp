@@ -11,7 +11,7 @@ std::uint64_t recordsRead(const RecordCounts& counts) {
 }
 
 std::uint64_t recordsSkipped(const RecordCounts& counts) {
-  return counts.refusedByEngine.count + counts.refusedAngle.count;
+  return counts.refusedByEngine.count + counts.refusedAngle.count + counts.refusedCounty.count;
 }
 
 std::uint64_t recordsPassedOver(const RecordCounts& counts) {

@@ -18,7 +18,8 @@ struct RecordCounts {
   std::uint64_t converted = 0;
 
   Tally refusedByEngine;
-  Tally refusedAngle;  ///< a latitude or longitude that is no angle
+  Tally refusedAngle;   ///< a latitude or longitude that is no angle
+  Tally refusedCounty;  ///< a county, county zone or datum that is unknown or not told
   std::uint64_t firstSkippedLine = 0;
   std::string firstSkipReason;
 
@@ -30,7 +31,7 @@ struct RecordCounts {
 
 /// Converted, skipped and passed over together.
 std::uint64_t recordsRead(const RecordCounts& counts);
-/// Points that were refused, by the engine or for an angle.
+/// Points that were refused, by the engine or for what their record says.
 std::uint64_t recordsSkipped(const RecordCounts& counts);
 /// Lines that are no points.
 std::uint64_t recordsPassedOver(const RecordCounts& counts);

@@ -16,6 +16,10 @@ Message formatNotAvailable() {
   return {"This format is not available yet.", "Tovak", Icon::Exclamation};
 }
 
+Message batchSourceMissing() {
+  return {"The source format must be the one that goes with this target.", "Invalid source", Icon::Exclamation};
+}
+
 Message waypointsInLatLong() {
   return {
       "Trimble documentation indicates that latitude and longitude are not valid\n"

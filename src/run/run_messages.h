@@ -12,6 +12,8 @@ namespace tovak::run::messages {
 Message horizontalReferenceMissing();
 Message countyZoneMissing();
 Message formatNotAvailable();
+/// A target of an agency run with a source of another kind.
+Message batchSourceMissing();
 Message waypointsInLatLong();
 Message crossingDatums();
 Message projectUnusable(const std::string& reason);

@@ -25,6 +25,12 @@ std::string_view withoutBlanks(std::string_view text, std::string& scratch) {
   return scratch;
 }
 
+std::string_view takeField(std::string_view& rest, char separator) {
+  const std::string_view field = rest.substr(0, rest.find(separator));
+  rest.remove_prefix(std::min(field.size() + 1, rest.size()));
+  return field;
+}
+
 bool equalsIgnoringCase(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), sameLetter);
 }

@@ -13,6 +13,9 @@ std::string_view trimBlanks(std::string_view text);
 /// `text` without any blank. The result refers to `text` itself, or to `scratch` when a blank had to be taken out.
 std::string_view withoutBlanks(std::string_view text, std::string& scratch);
 
+/// Takes the next field off `rest`: what stands before the next `separator`, which goes too, or the whole rest.
+std::string_view takeField(std::string_view& rest, char separator);
+
 bool equalsIgnoringCase(std::string_view a, std::string_view b);
 bool endsWithIgnoringCase(std::string_view text, std::string_view ending);
 

@@ -87,7 +87,11 @@ std::vector<SourceFormat> sources() {
     settings.latLongForm = AngleForm::DecimalDegrees;
     settings.sourceDelimited.fieldCodes = " 0~";
   };
-  formats[source::GeodeticsSpecial] = {.name = "agency", .kind = SourceKind::AgencyRun};
+  formats[source::GeodeticsSpecial] = {
+      .name = "agency", .kind = SourceKind::AgencyRun, .exportFile = [](const ExportContext& c) {
+        c.message = {"exported", "Agency", Information};
+        return c.settings.targetFormat == target::GeodeticsSpecial;
+      }};
   return formats;
 }
 
@@ -99,6 +103,7 @@ std::vector<TargetFormat> targets() {
   std::vector<TargetFormat> formats(16, lines);
   formats[target::ScreenOnly] = {.name = "screen", .kind = TargetKind::Screen};
   formats[kNotYet].makeWriter = nullptr;
+  formats[target::GeodeticsSpecial].kind = TargetKind::AgencyRun;
   formats[target::TrimbleWaypoints].options = TargetOptions::TrimbleWaypoints;
   formats[target::WayPointsPlus].fileNameEnding = ".txt";
   formats[target::GeopakXy].closingLine = "$ END";
@@ -218,7 +223,10 @@ TEST_F(ConversionRun, RefusesBeforeAnythingIsTouched) {
   const std::tuple<std::int16_t, std::int16_t, Message> cases[] = {
       {kNotYet, 1, {kNotAvailable, "Tovak", Exclamation}},
       {1, kNotYet, {kNotAvailable, "Tovak", Exclamation}},
-      {source::GeodeticsSpecial, 1, {kNotAvailable, "Tovak", Exclamation}},
+      {source::GeodeticsSpecial, 1, {"exported", "Agency", Information}},
+      {1,
+       target::GeodeticsSpecial,
+       {"The source format must be the one that goes with this target.", "Invalid source", Exclamation}},
       {source::GeodeticCsv,
        1,
        {"You must select a horizontal reference option.", "CSV Input Error", Exclamation, "lstHorizontal"}},
@@ -234,8 +242,13 @@ TEST_F(ConversionRun, RefusesBeforeAnythingIsTouched) {
   }
   settings.sourceFormat = source::GeodeticsSpecial;
   settings.targetFormat = target::GeodeticsSpecial;
-  settings.target.fileName = folder.file("./in");
-  EXPECT_EQ(run("1").MessageText, "Source file has same name as target file.");
+  settings.TargetProjectionCode = 300;  // which the combination rules would refuse
+  for (const std::int16_t batch : {std::int16_t{0}, std::int16_t{2}}) {
+    settings.BatchMode = batch;
+    const RunResult result = run("");
+    EXPECT_TRUE(result.outcome == RunOutcome::Finished && result.MessageText.empty());
+    EXPECT_EQ(person.shown.size(), batch == 0 ? 1U : 0U);
+  }
 }
 
 TEST_F(ConversionRun, AsksForTheZoneOfADatabaseThatHasZones) {

@@ -14,7 +14,6 @@
 namespace {
 
 using tovak::run::SourceFormat;
-using tovak::run::SourceKind;
 using tovak::run::TargetFormat;
 using tovak::run::TargetKind;
 
@@ -56,11 +55,17 @@ QStringList namesOf(const Formats& formats) {
   return names;
 }
 
+/// KRV batch files stand in the lists, and a run with them says that it cannot convert them.
+bool isKrv(std::string_view name) {
+  return name.starts_with("KRV ");
+}
+
 bool available(const SourceFormat& format) {
-  return format.kind != SourceKind::AgencyRun && format.makeReader != nullptr;
+  return format.makeReader != nullptr || (format.exportFile != nullptr && !isKrv(format.name));
 }
 bool available(const TargetFormat& format) {
-  return format.kind == TargetKind::Screen || (format.kind == TargetKind::File && format.makeWriter != nullptr);
+  return format.kind == TargetKind::Screen || format.makeWriter != nullptr ||
+         (format.kind == TargetKind::AgencyRun && !isKrv(format.name));
 }
 
 template <typename Formats>
