@@ -39,6 +39,7 @@ std::string passedOverList(const run::RecordCounts& counts) {
   appendItem(list, counts.zeroCoordinate, " with a zero coordinate", true);
   appendItem(list, counts.comment, " comment", true);
   appendItem(list, counts.noPoint, " without a point", true);
+  appendItem(list, counts.otherZone, " of another zone", true);
   return list;
 }
 

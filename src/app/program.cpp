@@ -71,6 +71,7 @@ ExitStatus runWindow(const Preparation& prepared, std::vector<run::Message> mess
   start.formatTables = formats;
   start.delimitedFormats = prepared.delimitedFormats;
   start.definitionsFile = prepared.definitionsFile;
+  start.mapSheetCodes = loadMapSheetCodes(run::dataFolder());
   start.version = TOVAK_VERSION;
   std::string reason;
   if (io.window(start, reason)) return start.engine == nullptr ? kStoppedByMessage : kFinished;

@@ -4,8 +4,10 @@
 #include <system_error>
 #include <utility>
 
+#include "formats/database/map_sheets.h"
 #include "formats/delimited/built_in_formats.h"
 #include "run/engine_loader.h"
+#include "run/module_loader.h"
 
 namespace tovak::app {
 namespace {
@@ -13,6 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kDefinitionsName = "Tovak.cdf";
+constexpr const char* kMapSheetsName = "mapsheets.txt";
 
 }  // namespace
 
@@ -39,6 +42,13 @@ formats::DefinitionsResult loadFormats(const fs::path& dataFolder) {
   formats::ensureDefinitionsFile(path, ignored);
   std::error_code unknown;
   return fs::exists(path, unknown) ? formats::loadDefinitions(path) : standardAlone;
+}
+
+std::string loadMapSheetCodes(const fs::path& dataFolder) {
+  std::error_code unknown;
+  const fs::path own = dataFolder / kMapSheetsName;
+  const bool replaced = !dataFolder.empty() && fs::exists(own, unknown);
+  return formats::loadMapSheetCodes(replaced ? own.string() : run::programFile(kMapSheetsName));
 }
 
 std::string dailyReportName(const fs::path& dataFolder, const text::Date& date) {

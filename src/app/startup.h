@@ -25,6 +25,9 @@ std::string definitionsFile(const std::filesystem::path& dataFolder);
 /// file that is missing is created.
 formats::DefinitionsResult loadFormats(const std::filesystem::path& dataFolder);
 
+/// The list of map sheet codes in the data folder, else the one beside the executable.
+std::string loadMapSheetCodes(const std::filesystem::path& dataFolder);
+
 /// The report file of a day: "Tovak", the date as mm-dd-yyyy and ".rpt", in the data folder.
 std::string dailyReportName(const std::filesystem::path& dataFolder, const text::Date& date);
 

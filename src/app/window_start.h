@@ -27,6 +27,8 @@ struct WindowStart {
   run::FormatTables formatTables;
   formats::DelimitedFormatTable delimitedFormats;
   std::string definitionsFile;  ///< where those formats are saved; empty without a data folder
+  /// By which files of the geodetic database are recognised (see `formats::isMapSheet`).
+  std::string mapSheetCodes;
   /// The run. The window calls the executable's, which knows of unfinished files when a signal ends the program.
   run::RunResult (*convert)(run::RunSettings&, run::ConversionEngine&, const run::FormatTables&,
                             run::Person&) = run::convert;

@@ -5,6 +5,7 @@
 #include "formats/agency/geodetics_special.h"
 #include "formats/agency/krv_batch.h"
 #include "formats/agency/lmo_export.h"
+#include "formats/database/geodetic_csv_reader.h"
 #include "formats/delimited/built_in_formats.h"
 #include "formats/delimited/delimited_reader.h"
 #include "formats/delimited/delimited_writer.h"
@@ -50,7 +51,7 @@ constexpr std::array<SourceFormat, 14> kSources = {{
     {.name = "WayPoints+ Format (from Garmin)",
      .makeReader = makeDelimitedReader,
      .prepare = prepareWayPointsPlusSource},
-    {.name = "Vesko Geodetic Database CSV File"},
+    {.name = "Vesko Geodetic Database CSV File", .makeReader = makeGeodeticCsvReader},
 }};
 
 constexpr std::array<TargetFormat, 16> kTargets = {{

@@ -1,5 +1,6 @@
 #include "run/combination_rules.h"
 
+#include <algorithm>
 #include <array>
 
 #include "run/format_index.h"
@@ -87,6 +88,15 @@ bool oneFile(const std::string& a, const std::string& b) {
   return a == b || text::sameFile(a, b);
 }
 
+/// Whether a run reads the file of that name. The geodetic database is read from several.
+bool isRead(const Settings& settings, const std::string& name) {
+  if (sourceIs(settings, source::Keyboard)) return false;
+  if (oneFile(settings.source.fileName, name)) return true;
+  return sourceIs(settings, source::GeodeticCsv) &&
+         std::ranges::any_of(settings.geodeticCsv.sheets,
+                             [&](const std::string& sheet) { return oneFile(sheet, name); });
+}
+
 }  // namespace
 
 const Message* firstBrokenRule(const RunSettings& settings) {
@@ -97,13 +107,11 @@ const Message* firstBrokenRule(const RunSettings& settings) {
 }
 
 bool filesCollide(const RunSettings& settings) {
-  const bool fromFile = !sourceIs(settings, source::Keyboard);
   const bool toFile = !targetIs(settings, target::ScreenOnly);
   const std::string& report = settings.reportFileName;
-  if (fromFile && toFile && oneFile(settings.source.fileName, settings.target.fileName)) return true;
+  if (toFile && isRead(settings, settings.target.fileName)) return true;
   if (!settings.reportEnabled) return false;
-  return (fromFile && oneFile(settings.source.fileName, report)) ||
-         (toFile && oneFile(settings.target.fileName, report));
+  return isRead(settings, report) || (toFile && oneFile(settings.target.fileName, report));
 }
 
 const Message& collisionMessage() {

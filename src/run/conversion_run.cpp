@@ -106,7 +106,7 @@ bool ConversionRun::stop(const Message& message) {
 bool ConversionRun::checkGeodeticCsvChoice() {
   if (settings_.sourceFormat != source::GeodeticCsv) return true;
   const GeodeticCsvChoice& choice = settings_.geodeticCsv;
-  if (!choice.horizontalChosen) return stop(messages::horizontalReferenceMissing());
+  if (choice.horizontal == 0) return stop(messages::horizontalReferenceMissing());
   if (choice.zonesOffered && choice.zoneSuffix.empty()) return stop(messages::countyZoneMissing());
   settings_.source.metres = false;
   settings_.source.projectionText = projectionText(settings_.SourceProjectionCode, false);

@@ -7,6 +7,8 @@ namespace tovak::run {
 
 enum class Icon { None, Exclamation, Information, Question };
 
+enum class Answer { Yes, No, Cancel };
+
 struct Message {
   std::string text = {};  ///< lines joined by "\n"
   std::string title = {};

@@ -15,7 +15,8 @@ std::uint64_t recordsSkipped(const RecordCounts& counts) {
 }
 
 std::uint64_t recordsPassedOver(const RecordCounts& counts) {
-  return counts.withoutDelimiter.count + counts.zeroCoordinate.count + counts.comment.count + counts.noPoint.count;
+  return counts.withoutDelimiter.count + counts.zeroCoordinate.count + counts.comment.count + counts.noPoint.count +
+         counts.otherZone.count;
 }
 
 void countSkipped(RecordCounts& counts, Tally& tally, std::uint64_t line, const std::string& reason) {

@@ -26,7 +26,8 @@ struct RecordCounts {
   Tally withoutDelimiter;
   Tally zeroCoordinate;
   Tally comment;
-  Tally noPoint;  ///< a record of another kind than the points of its format
+  Tally noPoint;    ///< a record of another kind than the points of its format
+  Tally otherZone;  ///< a point of another county zone than the chosen one
 };
 
 /// Converted, skipped and passed over together.

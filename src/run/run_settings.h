@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "run/delimited_format.h"
 #include "text/angle.h"
@@ -22,10 +23,17 @@ struct SideSettings {
   bool metres = false;         ///< else U.S. survey feet
 };
 
-/// The geodetic database source's choices that a run checks before it starts.
+/// The map sheets of the geodetic database source, and what was chosen of them.
 struct GeodeticCsvChoice {
-  bool horizontalChosen = false;
+  /// The files that are read as one, in their order; empty for the source file alone.
+  std::vector<std::string> sheets;
+  /// The data set, by the number of its latitude among a row's values: 1, 3, 5, 7, 9, 11; 0 for none.
+  std::int16_t horizontal = 0;
+  /// The heights: 13 for NAVD88, 14 for NGVD29; 0 for none.
+  std::int16_t vertical = 0;
+  std::string countyName;
   bool zonesOffered = false;
+  /// What the county zone has behind the county's name; empty where no zone was chosen.
   std::string zoneSuffix;
 };
 

@@ -1,80 +1,125 @@
 #include "selection/database_choices.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "run/projection_code.h"
 #include "text/number.h"
+#include "text/strings.h"
 
 namespace tovak::selection {
 namespace {
 
+using formats::CountyZone;
 using run::Adjustment;
 
 struct HorizontalReference {
+  std::string_view text;
   std::int16_t code;
   Adjustment adjustment;
   std::int16_t projection;
 };
 
-constexpr std::array<std::string_view, 6> kHorizontalTexts = {
-    "NAD83(2011) ADJ.", "NAD83(2007) ADJ.", "NAD83(1996) ADJ.", "NAD83(1986) ADJ.", "NAD27", "Reference Coords."};
+constexpr std::int16_t kReferenceCoordinates = 11;
+
+/// In the order of the list.
 constexpr std::array<HorizontalReference, 6> kHorizontals = {{
-    {1, Adjustment::Nad83_2011, run::kLatLongNad83},
-    {3, Adjustment::Nad83_2007, run::kLatLongNad83},
-    {5, Adjustment::Nad83_1996, run::kLatLongNad83},
-    {7, Adjustment::Nad83_1986, run::kLatLongNad83},
-    {9, Adjustment::None, run::kLatLongNad27},
-    {11, Adjustment::None, run::kLatLongNad83},
+    {"NAD83(2011) ADJ.", 1, Adjustment::Nad83_2011, run::kLatLongNad83},
+    {"NAD83(2007) ADJ.", 3, Adjustment::Nad83_2007, run::kLatLongNad83},
+    {"NAD83(1996) ADJ.", 5, Adjustment::Nad83_1996, run::kLatLongNad83},
+    {"NAD83(1986) ADJ.", 7, Adjustment::Nad83_1986, run::kLatLongNad83},
+    {"Reference Coords.", kReferenceCoordinates, Adjustment::None, run::kLatLongNad83},
+    {"NAD27", 9, Adjustment::None, run::kLatLongNad27},
 }};
 
-constexpr std::array<std::string_view, 2> kVerticalTexts = {"NAVD88", "NGVD29"};
-constexpr std::int16_t kFirstVertical = 13;
-
-struct CountyZone {
+struct VerticalReference {
   std::string_view text;
-  std::string_view suffix;
+  std::int16_t code;
+  run::VerticalDatum datum;
 };
 
-constexpr std::array<CountyZone, 4> kZones = {{{"North", " - North"},
-                                               {"Central", " - Central"},
-                                               {"South", " - South"},
-                                               {"North Shore", " - Lake (North Shore)"}}};
+constexpr std::array<VerticalReference, 2> kVerticals = {{
+    {"NAVD88", 13, run::VerticalDatum::Navd88},
+    {"NGVD29", 14, run::VerticalDatum::Ngvd29},
+}};
+
+struct ZoneText {
+  std::string_view text;
+  std::string_view suffix;
+  CountyZone zone;
+};
+
+constexpr std::array<ZoneText, 4> kZones = {{{"North", " - North", CountyZone::North},
+                                             {"Central", " - Central", CountyZone::Central},
+                                             {"South", " - South", CountyZone::South},
+                                             {"North Shore", " - Lake (North Shore)", CountyZone::NorthShore}}};
+
+/// The one county whose zones have a list entry for the county as a whole.
+constexpr std::string_view kLake = "Lake";
+
+bool has(const formats::SheetScan& scan, CountyZone zone) {
+  return scan.zones[static_cast<std::size_t>(zone)];
+}
+
+/// The entry of a table that has the text, or null. A text of the list becomes its choice.
+template <typename Table>
+auto choose(ChoiceList& list, const Table& table, std::string_view text) -> decltype(table.data()) {
+  const auto position = std::ranges::find(list.texts, text);
+  if (position != list.texts.end()) list.chosen = static_cast<int>(position - list.texts.begin());
+  const auto* const found = std::ranges::find(table, text, [](const auto& entry) { return entry.text; });
+  return found == table.end() ? nullptr : found;
+}
 
 }  // namespace
 
-std::span<const std::string_view> horizontalReferences() {
-  return kHorizontalTexts;
-}
-
-std::span<const std::string_view> verticalReferences() {
-  return kVerticalTexts;
+void fillDatabaseLists(Selections& selections, const formats::SheetScan& scan) {
+  run::GeodeticCsvChoice& choice = selections.run.geodeticCsv;
+  selections.horizontals = selections.verticals = selections.countyZones = {};
+  choice.horizontal = choice.vertical = 0;
+  choice.zoneSuffix.clear();
+  choice.countyName = scan.countyName;
+  for (const HorizontalReference& reference : kHorizontals) {
+    const bool present = scan.present[static_cast<std::size_t>(reference.code)];
+    if (present || reference.code == kReferenceCoordinates) selections.horizontals.texts.push_back(reference.text);
+  }
+  for (const VerticalReference& reference : kVerticals) {
+    if (scan.present[static_cast<std::size_t>(reference.code)]) selections.verticals.texts.push_back(reference.text);
+  }
+  std::vector<std::string_view>& zones = selections.countyZones.texts;
+  if (has(scan, CountyZone::NorthShore) && text::equalsIgnoringCase(scan.countyName, kLake))
+    zones.emplace_back("Lake County");
+  for (const ZoneText& zone : kZones) {
+    if (has(scan, zone.zone)) zones.push_back(zone.text);
+  }
+  choice.zonesOffered = !zones.empty();
+  if (zones.size() == 1) chooseCountyZone(selections, zones.front());
+  if (!selections.verticals.texts.empty()) chooseVerticalReference(selections, selections.verticals.texts.front());
 }
 
 void chooseHorizontalReference(Selections& selections, std::string_view text) {
-  for (std::size_t i = 0; i < kHorizontals.size(); ++i) {
-    if (kHorizontalTexts[i] != text) continue;
-    selections.databaseHorizontal = kHorizontals[i].code;
-    chooseAdjustment(selections, kHorizontals[i].adjustment);
-    pickProjection(selections, Side::Source, kHorizontals[i].projection);
-  }
+  const HorizontalReference* const reference = choose(selections.horizontals, kHorizontals, text);
+  if (reference == nullptr) return;
+  selections.run.geodeticCsv.horizontal = reference->code;
+  chooseAdjustment(selections, reference->adjustment);
+  pickProjection(selections, Side::Source, reference->projection);
 }
 
 void chooseVerticalReference(Selections& selections, std::string_view text) {
-  for (std::size_t i = 0; i < kVerticalTexts.size(); ++i) {
-    if (kVerticalTexts[i] == text) selections.databaseVertical = static_cast<std::int16_t>(kFirstVertical + i);
-  }
+  const VerticalReference* const reference = choose(selections.verticals, kVerticals, text);
+  if (reference == nullptr) return;
+  selections.run.geodeticCsv.vertical = reference->code;
+  selections.run.verticalDatum = reference->datum;
 }
 
 void chooseCountyZone(Selections& selections, std::string_view text) {
-  std::string& suffix = selections.run.geodeticCsv.zoneSuffix;
-  suffix.clear();
-  for (const CountyZone& zone : kZones) {
-    if (zone.text == text) suffix = zone.suffix;
-  }
+  const ZoneText* const zone = choose(selections.countyZones, kZones, text);
+  selections.run.geodeticCsv.zoneSuffix = zone == nullptr ? std::string_view() : zone->suffix;
 }
 
 std::string databaseProjectionLine(const Selections& selections) {
+  if (selections.run.geodeticCsv.horizontal == 0) return {};
   const std::int16_t code = selections.run.SourceProjectionCode;
   std::string line = "Projection = ";
   text::appendWhole(line, code);
@@ -83,12 +128,12 @@ std::string databaseProjectionLine(const Selections& selections) {
   return line + ')';
 }
 
-std::string databaseFileText(const std::vector<std::string>& files) {
-  if (files.empty()) return {};
-  std::string text = files.front();
-  if (files.size() > 1) {
+std::string databaseFileText(const Selections& selections) {
+  std::string text = selections.run.source.fileName;
+  const std::size_t count = selections.run.geodeticCsv.sheets.size();
+  if (count > 1) {
     text += "  (+";
-    text::appendWhole(text, static_cast<std::int64_t>(files.size() - 1));
+    text::appendWhole(text, static_cast<std::int64_t>(count - 1));
     text += " more)";
   }
   return text;

@@ -1,30 +1,29 @@
 /// The lists beside the geodetic database source: data set, heights and county zone.
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "formats/database/sheet_scan.h"
 #include "selection/selections.h"
 
 namespace tovak::selection {
 
-/// The texts of the list of data sets, and of that of heights.
-std::span<const std::string_view> horizontalReferences();
-std::span<const std::string_view> verticalReferences();
+/// Fills the three lists with what a scan has found. No data set is chosen then; the first of the heights is, and a
+/// zone that is the only one.
+void fillDatabaseLists(Selections& selections, const formats::SheetScan& scan);
 
 /// Chooses a data set by its text, and with it the source projection and the adjustment.
 void chooseHorizontalReference(Selections& selections, std::string_view text);
-/// Any text but "NAVD88" and "NGVD29" changes nothing.
+/// Heights bring their label along. Any text but "NAVD88" and "NGVD29" changes nothing.
 void chooseVerticalReference(Selections& selections, std::string_view text);
 /// Any text but those of the four zones chooses no zone.
 void chooseCountyZone(Selections& selections, std::string_view text);
 
-/// The line that stands in the place of the source's projection box.
+/// The line that stands in the place of the source's projection box; empty until a data set is chosen.
 std::string databaseProjectionLine(const Selections& selections);
 
-/// What the database's file box shows: the first file, and how many more there are.
-std::string databaseFileText(const std::vector<std::string>& files);
+/// What the database's file box shows: the chosen file, and how many more there are.
+std::string databaseFileText(const Selections& selections);
 
 }  // namespace tovak::selection

@@ -72,27 +72,18 @@ bool isAgencyRun(const Selections& selections, const run::FormatTables& formats)
   return formats.sources[static_cast<std::size_t>(selections.run.sourceFormat)].kind == SourceKind::AgencyRun;
 }
 
-FormatOutcome chooseSourceFormat(Selections& selections, const run::FormatTables& formats, std::int16_t format,
-                                 const std::vector<std::string>& databaseFiles) {
+FormatOutcome chooseSourceFormat(Selections& selections, const run::FormatTables& formats, std::int16_t format) {
   run::RunSettings& settings = selections.run;
-  FormatOutcome outcome;
-  if (format == run::source::GeodeticCsv) {
-    // The database carries its own adjustment.
-    chooseAdjustment(selections, run::Adjustment::None);
-    outcome.databaseMissing = databaseFiles.empty();
-    if (outcome.databaseMissing) format = run::source::Keyboard;
-  }
   settings.sourceFormat = format;
   if (const ForcedForm* const forced = forcedForm(format)) settings.latLongForm = forced->form;
   refreshLatLongForm(selections);
   const bool needsFile = formats.sources[static_cast<std::size_t>(format)].kind != SourceKind::Keyboard;
-  outcome.askForFile = needsFile && settings.source.fileName.empty() && format != run::source::GeodeticCsv;
   for (const AgencyPair& pair : kAgencyPairs) {
     if (pair.source != format) continue;
     settings.targetFormat = pair.target;
     chooseUnit(selections, Side::Target, pair.metres);
   }
-  return outcome;
+  return {.askForFile = needsFile && settings.source.fileName.empty()};
 }
 
 FormatOutcome chooseTargetFormat(Selections& selections, const run::FormatTables& formats, std::int16_t format) {
@@ -149,7 +140,6 @@ run::RunSettings runSettings(const Selections& selections, const run::FormatTabl
   const auto target = static_cast<std::size_t>(settings.targetFormat);
   if (formats.sources[source].kind == SourceKind::Keyboard) settings.source.fileName.clear();
   if (formats.targets[target].kind == TargetKind::Screen) settings.target.fileName.clear();
-  settings.geodeticCsv.horizontalChosen = selections.databaseHorizontal != 0;
   return settings;
 }
 

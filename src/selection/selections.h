@@ -17,28 +17,32 @@ namespace tovak::selection {
 
 enum class Side { Source, Target };
 
+/// A list whose entries depend on the source file.
+struct ChoiceList {
+  std::vector<std::string_view> texts;
+  int chosen = -1;  ///< position in the list, -1 for none
+};
+
 struct Selections {
   /// Complete for a run at any time, but for what `runSettings` trims.
   run::RunSettings run;
 
-  /// The geodetic database's data set, by the position of its latitude in a row: 1, 3, 5, 7, 9, 11; 0 for none.
-  std::int16_t databaseHorizontal = 0;
-  /// The geodetic database's heights: 13 for NAVD88, 14 for NGVD29.
-  std::int16_t databaseVertical = 13;
+  // What there is to choose from in the geodetic database; the choices themselves are in `run.geodeticCsv`.
+  ChoiceList horizontals = {};
+  ChoiceList verticals = {};
+  ChoiceList countyZones = {};
 };
 
 /// What the window has to do after a format was chosen.
 struct FormatOutcome {
-  bool askForFile = false;       ///< a file is needed, and none is named yet
-  bool databaseMissing = false;  ///< the geodetic database was chosen, and there is no file of it
+  bool askForFile = false;  ///< a file is needed, and none is named yet
 };
 
 /// Whether Execute starts an agency batch run. The source decides; a target of that kind has brought its source along.
 bool isAgencyRun(const Selections& selections, const run::FormatTables& formats);
 
-/// `databaseFiles` are the files of the geodetic database that were found; they matter to that format only.
-FormatOutcome chooseSourceFormat(Selections& selections, const run::FormatTables& formats, std::int16_t format,
-                                 const std::vector<std::string>& databaseFiles);
+/// Any format but the geodetic database, which comes with its files: see `chooseDatabaseSource`.
+FormatOutcome chooseSourceFormat(Selections& selections, const run::FormatTables& formats, std::int16_t format);
 FormatOutcome chooseTargetFormat(Selections& selections, const run::FormatTables& formats, std::int16_t format);
 
 void chooseUnit(Selections& selections, Side side, bool metres);

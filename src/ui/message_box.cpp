@@ -32,6 +32,16 @@ void fill(QMessageBox& box, const run::Message& message) {
   box.setInformativeText(toQString(message.detail));
 }
 
+int execQuestion(QWidget* parent, const run::Message& question, QMessageBox::StandardButtons buttons,
+                 QMessageBox::StandardButton preset) {
+  const ArrowCursor arrow;
+  QMessageBox box(parent);
+  fill(box, question);
+  box.setStandardButtons(buttons);
+  box.setDefaultButton(preset);
+  return box.exec();
+}
+
 }  // namespace
 
 bool showMessage(QWidget* parent, const run::Message& message) {
@@ -51,12 +61,14 @@ bool showMessage(QWidget* parent, const run::Message& message) {
 }
 
 bool askQuestion(QWidget* parent, const run::Message& question) {
-  const ArrowCursor arrow;
-  QMessageBox box(parent);
-  fill(box, question);
-  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-  box.setDefaultButton(QMessageBox::No);
-  return box.exec() == QMessageBox::Yes;
+  return execQuestion(parent, question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+run::Answer askOrCancel(QWidget* parent, const run::Message& question) {
+  const int button =
+      execQuestion(parent, question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+  if (button == QMessageBox::Yes) return run::Answer::Yes;
+  return button == QMessageBox::No ? run::Answer::No : run::Answer::Cancel;
 }
 
 }  // namespace tovak::ui

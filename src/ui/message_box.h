@@ -14,4 +14,7 @@ bool showMessage(QWidget* parent, const run::Message& message);
 /// Asks a question; true for yes.
 bool askQuestion(QWidget* parent, const run::Message& question);
 
+/// Asks a question that can be left unanswered.
+run::Answer askOrCancel(QWidget* parent, const run::Message& question);
+
 }  // namespace tovak::ui

@@ -1,12 +1,16 @@
 // Shows each window of the program and keeps a picture of it: tovak_screenshots HELP_FILE FOLDER [--dark]
 // docs/screenshots builds and runs it.
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPalette>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QStyleFactory>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
 #include <cstdio>
 #include <memory>
@@ -68,9 +72,9 @@ tovak::run::ConversionEngine* engine() {
   return result.engine.get();
 }
 
-std::unique_ptr<QWidget> makeMain() {
-  tovak::app::WindowStart start;
-  start.settings = exampleSettings();
+std::unique_ptr<tovak::ui::frmTovak> makeMain(const tovak::run::RunSettings& settings) {
+  static tovak::app::WindowStart start;  // outlives the window
+  start.settings = settings;
   start.engine = engine();
   start.formatTables = tovak::formats::formatTables();
   start.delimitedFormats = {tovak::formats::standardFormat()};
@@ -92,6 +96,23 @@ std::unique_ptr<QWidget> makeEditor(tovak::formats::EditorPurpose purpose) {
   return std::make_unique<tovak::ui::frmTovakComDel>(formats, purpose, exampleSettings(), "Tovak.cdf");
 }
 
+/// The main window on a county of the geodetic database; the question after its map sheets is answered with yes.
+std::unique_ptr<QWidget> makeDatabase() {
+  tovak::run::RunSettings settings = exampleSettings();
+  settings.sourceFormat = tovak::run::source::GeodeticCsv;
+  settings.source.fileName = "samples/ALDR1.csv";
+  std::unique_ptr<tovak::ui::frmTovak> window = makeMain(settings);
+  window->show();
+  if (!QTest::qWaitForWindowExposed(window.get())) return nullptr;
+  QTimer::singleShot(0, [] {
+    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box != nullptr) box->button(QMessageBox::Yes)->click();
+  });
+  window->completeStart();
+  if (auto* const list = window->findChild<QComboBox*>("lstHorizontal")) emit list->textActivated("NAD83(2011) ADJ.");
+  return window;
+}
+
 std::unique_ptr<QWidget> makeOutput() {
   auto grid = std::make_unique<tovak::ui::frmTovakOutput>();
   grid->setDescriptions("Latitude and Longitude, NAD83 : NAD83", "State plane South, NAD83 : NAD83");
@@ -108,7 +129,8 @@ std::unique_ptr<QWidget> makeOptions() {
 
 // One line a window. A form is made, filled with an example and given back; showing and keeping it is done below.
 constexpr Picture kPictures[] = {
-    {"main", [](const QString&) { return makeMain(); }},
+    {"main", [](const QString&) -> std::unique_ptr<QWidget> { return makeMain(exampleSettings()); }},
+    {"main_database", [](const QString&) { return makeDatabase(); }},
     {"systems",
      [](const QString&) -> std::unique_ptr<QWidget> {
        return std::make_unique<tovak::ui::frmTovakSystems>(*engine(), exampleSettings().TargetProjectionCode, nullptr);

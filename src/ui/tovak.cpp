@@ -2,11 +2,8 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMimeData>
 #include <QPalette>
 #include <QScreen>
 #include <utility>
@@ -15,7 +12,6 @@
 #include "run/format_index.h"
 #include "run/projection_box.h"
 #include "run/projection_code.h"
-#include "selection/database_choices.h"
 #include "selection/enabled_controls.h"
 #include "selection/own_file.h"
 #include "text/number.h"
@@ -25,6 +21,7 @@
 #include "ui/system_list.h"
 #include "ui/tovak_com_del.h"
 #include "ui/tovak_project.h"
+#include "ui/wait_cursor.h"
 #include "ui/window_person.h"
 #include "ui_tovak.h"
 
@@ -36,11 +33,6 @@ using selection::Side;
 constexpr std::array<const char*, 6> kAccuracies = {".001 units", ".01 units", ".1 units",
                                                     "1 unit",     "10 units",  "100 units"};
 
-/// A file that was dropped, or an empty text.
-QString droppedFile(const QMimeData& data) {
-  return data.hasUrls() ? data.urls().front().toLocalFile() : QString();
-}
-
 /// Qt writes the filter's pattern in brackets only, and takes "*" for any name.
 QString askForFile(QWidget* parent, const QString& title, const QString& folder, bool toSave,
                    const QString& suggested = {}) {
@@ -50,14 +42,6 @@ QString askForFile(QWidget* parent, const QString& title, const QString& folder,
   if (!suggested.isEmpty()) dialog.selectFile(suggested);
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().front() : QString();
 }
-
-class WaitCursor {
- public:
-  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
-  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
 
 }  // namespace
 
@@ -75,6 +59,7 @@ frmTovak::frmTovak(const app::WindowStart& start, QWidget* parent)
   fillLists();
   for (const SideWidgets& side : sides_) chooseLayout(side, 0);
   for (const SideWidgets& side : sides_) connectSide(side);
+  connectDatabase();
   connectOptions();
   connectReport();
   connectMenus();
@@ -102,8 +87,6 @@ void frmTovak::fillLists() {
   for (const run::TargetFormat& format : start_.formatTables.targets)
     form_->lstTargetFormat->addItem(toQString(format.name));
   for (const char* const accuracy : kAccuracies) form_->lstAccuracy->addItem(accuracy);
-  for (const std::string_view text : selection::horizontalReferences()) form_->lstHorizontal->addItem(toQString(text));
-  for (const std::string_view text : selection::verticalReferences()) form_->lstCsvVertical->addItem(toQString(text));
 }
 
 void frmTovak::connectSide(const SideWidgets& side) {
@@ -224,6 +207,7 @@ void frmTovak::refresh() {
   followProject();
   for (const SideWidgets& side : sides_) refreshSide(side);
   refreshOptions();
+  refreshDatabase();
   refreshEnabled();
 }
 
@@ -287,7 +271,6 @@ void frmTovak::refreshOptions() {
   f.chkPrint->setChecked(settings.printReport);
   if (f.txtPrintFile->text() != toQString(settings.reportFileName))
     f.txtPrintFile->setText(toQString(settings.reportFileName));
-  f.lblCsvSource->setText(toQString(selection::databaseProjectionLine(selections_)));
 }
 
 void frmTovak::refreshEnabled() {
@@ -327,13 +310,19 @@ void frmTovak::refreshEnabled() {
   f.frameSrcMapPrj->setVisible(!enabled.database);
   f.lblSourceProjection->setVisible(!enabled.database);
   f.txtSourceFile->setVisible(!enabled.database);
+  f.lblSourceFile->setBuddy(enabled.database ? f.txCsvtSrcFile : f.txtSourceFile);
 }
 
 void frmTovak::chooseSourceFormat(int index) {
+  if (index == run::source::GeodeticCsv) {
+    selections_.run.sourceFormat = run::source::GeodeticCsv;
+    const bool fileChosen = selections_.run.source.fileName.empty() && browse(sides_[0]);
+    if (!fileChosen) chooseDatabase();
+    return;
+  }
   const selection::FormatOutcome outcome =
-      selection::chooseSourceFormat(selections_, start_.formatTables, static_cast<std::int16_t>(index), {});
+      selection::chooseSourceFormat(selections_, start_.formatTables, static_cast<std::int16_t>(index));
   refresh();
-  if (outcome.databaseMissing) statusBar()->showMessage(tr("No file of the geodetic database was found."));
   if (outcome.askForFile) browse(sides_[0]);
 }
 
@@ -377,14 +366,19 @@ void frmTovak::chooseSystem(const SideWidgets& side) {
   refresh();
 }
 
-void frmTovak::browse(const SideWidgets& side) {
+/// False when no file was chosen.
+bool frmTovak::browse(const SideWidgets& side) {
   const bool isSource = side.side == Side::Source;
   const QString name = askForFile(this, isSource ? tr("Source File Name") : tr("Target File Name"), folder_, !isSource);
-  if (name.isEmpty()) return;
+  if (name.isEmpty()) return false;
   folder_ = QFileInfo(name).absolutePath();
-  if (isSource) return takeSourceFile(name);
-  selections_.run.target.fileName = name.toStdString();
-  refresh();
+  if (isSource) {
+    takeSourceFile(name);
+  } else {
+    selections_.run.target.fileName = name.toStdString();
+    refresh();
+  }
+  return true;
 }
 
 void frmTovak::browseReport() {
@@ -406,15 +400,10 @@ void frmTovak::openReport(void (*use)(QWidget*, report::ReportSheets&)) {
 
 void frmTovak::takeSourceFile(const QString& name) {
   selections_.run.source.fileName = name.toStdString();
+  if (selections_.run.sourceFormat == run::source::GeodeticCsv) return chooseDatabase();
   if (selection::presetFromFile(selections_, selections_.run.source.fileName)) {
     statusBar()->showMessage(tr("Projection, units and adjustment were taken from the file's first line."));
   }
-  refresh();
-}
-
-void frmTovak::dropFile(Side side, const QString& name) {
-  if (side == Side::Source) return takeSourceFile(name);
-  selections_.run.target.fileName = name.toStdString();
   refresh();
 }
 
@@ -435,8 +424,9 @@ void frmTovak::openHelp() {
   if (!help_->open(&problem)) showMessage(this, run::systemMessage(problem.toStdString()));
 }
 
-void frmTovak::showStartMessages() {
+void frmTovak::completeStart() {
   for (const run::Message& message : start_.messages) showMessage(this, message);
+  if (selections_.run.sourceFormat == run::source::GeodeticCsv) chooseDatabase();
 }
 
 void frmTovak::execute() {
@@ -444,17 +434,20 @@ void frmTovak::execute() {
   statusBar()->clearMessage();
   run::RunSettings settings = selection::runSettings(selections_, start_.formatTables);
   run::RunResult result;
+  std::string focus;
   setRunning(true);
   {
     const WaitCursor wait;
     WindowPerson person(*this, settings, engine_, [this](std::uint64_t records) { paintProgress(records); });
     result = start_.convert(settings, engine_, start_.formatTables, person);
+    focus = person.focus();
   }
   // What was pressed meanwhile goes to controls that do not answer.
   QApplication::processEvents();
   setRunning(false);
   selection::takeBack(selections_, settings);
   refresh();
+  if (!focus.empty()) findChild<QWidget*>(toQString(focus))->setFocus();
   if (recordsRead(result.counts) == 0) return;
   statusBar()->showMessage(toQString(app::accountLine(result.counts)));
 }
@@ -487,31 +480,6 @@ void frmTovak::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange && form_->grpSource != nullptr && sides_[0].system != nullptr) {
     for (const SideWidgets& side : sides_) showSystem(side);
   }
-}
-
-void frmTovak::dragEnterEvent(QDragEnterEvent* event) {
-  if (!running_ && !droppedFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
-}
-
-void frmTovak::dropEvent(QDropEvent* event) {
-  const bool onTarget =
-      form_->grpTarget->geometry().contains(centralWidget()->mapFrom(this, event->position().toPoint()));
-  dropFile(onTarget ? Side::Target : Side::Source, droppedFile(*event->mimeData()));
-  event->acceptProposedAction();
-}
-
-/// A file dropped on a file box replaces its text; the box alone would take the address for text.
-bool frmTovak::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::DragEnter || event->type() == QEvent::Drop) {
-    auto* const drop = static_cast<QDropEvent*>(event);
-    const QString name = droppedFile(*drop->mimeData());
-    if (!name.isEmpty()) {
-      drop->acceptProposedAction();
-      if (event->type() == QEvent::Drop) dropFile(watched == form_->txtTargetFile ? Side::Target : Side::Source, name);
-      return true;
-    }
-  }
-  return QMainWindow::eventFilter(watched, event);
 }
 
 }  // namespace tovak::ui

@@ -40,8 +40,8 @@ class frmTovak : public QMainWindow {
 
   const selection::Selections& selections() const { return selections_; }
 
-  /// Shows the messages that the program started with.
-  void showStartMessages();
+  /// Shows the messages that the program started with, and opens a geodetic database that it was started on.
+  void completeStart();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -69,6 +69,7 @@ class frmTovak : public QMainWindow {
   void makeSides();
   void fillLists();
   void connectSide(const SideWidgets& side);
+  void connectDatabase();
   void connectOptions();
   void connectReport();
   void connectMenus();
@@ -77,21 +78,25 @@ class frmTovak : public QMainWindow {
   void refreshSide(const SideWidgets& side);
   void refreshLayouts(const SideWidgets& side);
   void refreshOptions();
+  void refreshDatabase();
+  void showAllGroups();
   void refreshEnabled();
   void showSystem(const SideWidgets& side);
   void followProject();
 
   void chooseSourceFormat(int index);
+  void chooseDatabase();
   void chooseTargetFormat(int index);
   void chooseLayout(const SideWidgets& side, int index);
   void editLayouts(formats::EditorPurpose purpose);
   void typeProjection(const SideWidgets& side, const QString& text);
   void chooseSystem(const SideWidgets& side);
-  void browse(const SideWidgets& side);
+  bool browse(const SideWidgets& side);
   void browseReport();
   /// Prints or previews a report file that the person chooses.
   void openReport(void (*use)(QWidget*, report::ReportSheets&));
   void takeSourceFile(const QString& name);
+  bool acceptDrop(QDropEvent* event, selection::Side side);
   void dropFile(selection::Side side, const QString& name);
   template <typename Dialog>
   void openOptions();

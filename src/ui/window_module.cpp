@@ -24,7 +24,7 @@ void openWindow(const WindowStart& start) {
   }
   tovak::ui::frmTovak window(start);
   window.show();
-  QTimer::singleShot(0, &window, &tovak::ui::frmTovak::showStartMessages);
+  QTimer::singleShot(0, &window, &tovak::ui::frmTovak::completeStart);
   QApplication::exec();
 }
 

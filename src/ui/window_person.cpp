@@ -49,6 +49,7 @@ WindowPerson::~WindowPerson() = default;
 
 void WindowPerson::show(const run::Message& message) {
   if (message.ofOnePoint && !pointMessages_) return;
+  focus_ = message.focus;
   if (showMessage(&window_, message)) pointMessages_ = false;
 }
 

@@ -46,6 +46,9 @@ class WindowPerson final : public run::Person {
   void showGrid() override;
   void progress(std::uint64_t records) override;
 
+  /// The control that the last message was about. During a run it takes no focus.
+  const std::string& focus() const { return focus_; }
+
  private:
   QString sideDescription(std::int16_t code) const;
   frmTovakOutput& grid();
@@ -55,6 +58,7 @@ class WindowPerson final : public run::Person {
   run::ConversionEngine& engine_;
   PaintProgress paintProgress_;
   QElapsedTimer sincePaint_;
+  std::string focus_;
   bool pointMessages_ = true;
   bool rowsToShow_ = false;
   std::unique_ptr<frmTovakInput> entry_;

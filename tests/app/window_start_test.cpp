@@ -19,6 +19,7 @@ struct Opened {
   std::vector<run::Message> messages;
   bool hasEngine;
   std::string definitionsFile;
+  std::string mapSheetCodes;
 };
 
 std::vector<Opened> opened;
@@ -32,7 +33,8 @@ bool recordWindow(const WindowStart& start, std::string& reason) {
   if (moduleMissing) reason = "TovakWindow.so: no such file";
   dayOfReports = start.formatTables.report.today;
   if (!moduleMissing)
-    opened.push_back({start.settings, start.messages, start.engine != nullptr, start.definitionsFile});
+    opened.push_back(
+        {start.settings, start.messages, start.engine != nullptr, start.definitionsFile, start.mapSheetCodes});
   return !moduleMissing;
 }
 
@@ -65,6 +67,11 @@ TEST_F(WindowStartTest, OpensEmptyWithTheReportOfTheDay) {
   EXPECT_EQ(opened[0].definitionsFile, folder.file("AppData/QrAppsData/Tovak.cdf"));
   EXPECT_EQ(dayOfReports, aDay);
   EXPECT_EQ(err.str(), "");
+
+  EXPECT_EQ(opened[0].mapSheetCodes.find("ALDR1~ALDR2~"), 0U) << "the list beside the program";
+  folder.write("AppData/QrAppsData/mapsheets.txt", "MINE1\nMINE2\n");
+  run("");
+  EXPECT_EQ(opened.back().mapSheetCodes, "MINE1~MINE2");
 }
 
 TEST_F(WindowStartTest, OpensWithWhatTheCommandLineSays) {

@@ -25,6 +25,9 @@ constexpr Route kRoutes[] = {
     {run::source::BlueBook, run::target::BlueBook, 0, 0,
      "000010*80*0001ALDER BRIDGE                  48564901137N095472415930W 91248BQR23\n"
      "000035*86*X003  0912482G12 88NGS    -27100    0885382    REMARK OF 17 COL    \n"},
+    {run::source::GeodeticCsv, run::target::Sdms, 0, 4,
+     "A station that outgrows any short string,,,,,,,,,,,,7.5,,"
+     "an identifier that outgrows any short string,45.301,93.302\nA NAME that outgrows any short string\n\n"},
     {run::source::Sdms, run::target::Sdms, 4, 4,
      "AC:EQ\nSN:a serial number that outgrows short strings\nAC:NT\nCM:a remark that outgrows short strings\n"
      "AC:CP\nPN:a number that outgrows short strings\nYC:1\nXC:2\nZQ:a line of another tag that outgrows\n"
@@ -43,6 +46,8 @@ std::size_t allocationsFor(int points, const Route& route) {
   tests::Conversion run(route.source, route.target, route.targetCode);
   run.settings.SourceProjectionCode = route.sourceCode;
   run.settings.target.metres = true;
+  run.settings.geodeticCsv.horizontal = 1;
+  run.settings.geodeticCsv.vertical = 14;
   run.of(lines);
   EXPECT_EQ(run.result.counts.converted, static_cast<std::uint64_t>(points));
   return run.allocations;

@@ -128,11 +128,15 @@ TEST(FilesCollide, WhenTwoOfThemAreOne) {
                {"in", "new", "./new", true},
                {"in", "other", "new", false},
                {"in", "in", "", false, source::Keyboard},
+               {"other", "link", "", true, source::GeodeticCsv},
+               {"other", "new", "in", true, source::GeodeticCsv},
+               {"other", "new", "", false, source::GeodeticCsv},
                {"in", "in", "", false, source::CommaDelimited, target::ScreenOnly},
                {"in", "in", "in", false, source::Keyboard, target::ScreenOnly}};
   for (const auto& c : cases) {
     RunSettings settings = select({.from = c.from, .to = c.to, .report = *c.report != '\0'});
     settings.source.fileName = folder.file(c.source);
+    settings.geodeticCsv.sheets = {folder.file("third"), folder.file("in")};
     settings.target.fileName = folder.file(c.target);
     settings.reportFileName = folder.file(c.report);
     EXPECT_EQ(filesCollide(settings), c.collide) << c.source << " to " << c.target << ", report " << c.report;

@@ -253,7 +253,8 @@ TEST_F(ConversionRun, RefusesBeforeAnythingIsTouched) {
 
 TEST_F(ConversionRun, AsksForTheZoneOfADatabaseThatHasZones) {
   settings.sourceFormat = source::GeodeticCsv;
-  settings.geodeticCsv = {.horizontalChosen = true, .zonesOffered = true, .zoneSuffix = {}};
+  settings.geodeticCsv.horizontal = 1;
+  settings.geodeticCsv.zonesOffered = true;
   run("");
   EXPECT_EQ(person.shown.back().text + person.shown.back().focus, "You must select a county zone.lstCsvZone");
   settings.geodeticCsv.zoneSuffix = " - North";

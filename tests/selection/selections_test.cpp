@@ -6,7 +6,6 @@
 
 #include "formats/format_tables.h"
 #include "run/format_index.h"
-#include "selection/database_choices.h"
 #include "selection/enabled_controls.h"
 
 namespace tovak::selection {
@@ -60,7 +59,7 @@ State stateOf(const Selections& selections) {
 }
 
 std::function<void(Selections&)> source(std::int16_t format) {
-  return [format](Selections& s) { chooseSourceFormat(s, kFormats, format, {}); };
+  return [format](Selections& s) { chooseSourceFormat(s, kFormats, format); };
 }
 std::function<void(Selections&)> target(std::int16_t format) {
   return [format](Selections& s) { chooseTargetFormat(s, kFormats, format); };
@@ -136,27 +135,6 @@ TEST(Selections, FollowFromWhatIsChosen) {
        {S::Keyboard, T::WayPointsPlus, "0", "0"}},
       {"target of others", {.targetBox = "4M"}, target(T::GeopakXy), {S::Keyboard, T::GeopakXy, "0", "4M"}},
 
-      {"database without a file",
-       {.source = S::Sdms, .adjustment = Adjustment::Nad83_2011},
-       source(S::GeodeticCsv),
-       {.source = S::Keyboard}},
-      {"database",
-       {.source = S::Sdms, .adjustment = Adjustment::Nad83_1996},
-       [](Selections& s) { chooseSourceFormat(s, kFormats, S::GeodeticCsv, {"LAKE1.csv"}); },
-       {.source = S::GeodeticCsv}},
-      {"data set of an adjustment",
-       {.sourceBox = "103"},
-       [](Selections& s) { chooseHorizontalReference(s, "NAD83(1996) ADJ."); },
-       {.adjustment = Adjustment::Nad83_1996}},
-      {"data set on NAD27",
-       {.adjustment = Adjustment::Nad83_2007},
-       [](Selections& s) { chooseHorizontalReference(s, "NAD27"); },
-       {.sourceBox = "103"}},
-      {"data set of reference coordinates",
-       {.sourceBox = "103", .adjustment = Adjustment::Nad83_2007},
-       [](Selections& s) { chooseHorizontalReference(s, "Reference Coords."); },
-       {}},
-
       {"one adjustment at a time",
        {.adjustment = Adjustment::Nad83_1986},
        [](Selections& s) { chooseAdjustment(s, Adjustment::Nad83_2011); },
@@ -189,16 +167,13 @@ TEST(Selections, ShowTheMarkOfMetresWhileABoxIsTypedInto) {
 
 TEST(Selections, AskForAFileThatIsNeededAndNotNamed) {
   Selections selections;
-  EXPECT_TRUE(chooseSourceFormat(selections, kFormats, run::source::Sdms, {}).askForFile);
-  EXPECT_TRUE(chooseSourceFormat(selections, kFormats, run::source::KrvBatch, {}).askForFile);
-  EXPECT_FALSE(chooseSourceFormat(selections, kFormats, run::source::Keyboard, {}).askForFile);
-  const FormatOutcome database = chooseSourceFormat(selections, kFormats, run::source::GeodeticCsv, {});
-  EXPECT_TRUE(database.databaseMissing);
-  EXPECT_FALSE(database.askForFile);
+  EXPECT_TRUE(chooseSourceFormat(selections, kFormats, run::source::Sdms).askForFile);
+  EXPECT_TRUE(chooseSourceFormat(selections, kFormats, run::source::KrvBatch).askForFile);
+  EXPECT_FALSE(chooseSourceFormat(selections, kFormats, run::source::Keyboard).askForFile);
   EXPECT_TRUE(chooseTargetFormat(selections, kFormats, run::target::Sdms).askForFile);
   EXPECT_FALSE(chooseTargetFormat(selections, kFormats, run::target::ScreenOnly).askForFile);
   selections.run.source.fileName = selections.run.target.fileName = "here";
-  EXPECT_FALSE(chooseSourceFormat(selections, kFormats, run::source::Sdms, {}).askForFile);
+  EXPECT_FALSE(chooseSourceFormat(selections, kFormats, run::source::Sdms).askForFile);
   EXPECT_FALSE(chooseTargetFormat(selections, kFormats, run::target::Sdms).askForFile);
 }
 
@@ -209,7 +184,7 @@ TEST(Selections, EnableWhatApplies) {
   EXPECT_FALSE(enabled.sourceFile || enabled.targetFile || enabled.report || enabled.database);
 
   selections.run.reportEnabled = selections.run.allowBlankPointNumbers = true;
-  chooseSourceFormat(selections, kFormats, run::source::Sdms, {});
+  chooseSourceFormat(selections, kFormats, run::source::Sdms);
   typeProjection(selections, Side::Source, "4");
   enabled = enabledControls(selections, kFormats);
   EXPECT_TRUE(enabled.sourceFile && enabled.report);
@@ -240,24 +215,6 @@ TEST(Selections, BecomeTheSettingsOfARunAndTakeBackWhatItChanged) {
   EXPECT_EQ(selections.run.target.fileName, "out.txt");
   EXPECT_EQ(selections.run.source.fileName, " typed before ");
   EXPECT_EQ(selections.run.source.projectionText, "4");
-}
-
-TEST(DatabaseChoices, SetCodesAndTexts) {
-  Selections selections;
-  EXPECT_EQ(databaseProjectionLine(selections), "Projection = 0    (Latitude and Longitude : NAD83)");
-  chooseHorizontalReference(selections, "NAD27");
-  EXPECT_EQ(selections.databaseHorizontal, 9);
-  EXPECT_EQ(databaseProjectionLine(selections), "Projection = 103    (Latitude and Longitude : NAD27)");
-  EXPECT_TRUE(runSettings(selections, kFormats).geodeticCsv.horizontalChosen);
-  chooseVerticalReference(selections, "NGVD29");
-  chooseVerticalReference(selections, "sea level");
-  EXPECT_EQ(selections.databaseVertical, 14);
-  chooseCountyZone(selections, "North Shore");
-  EXPECT_EQ(selections.run.geodeticCsv.zoneSuffix, " - Lake (North Shore)");
-  chooseCountyZone(selections, "Lake County");
-  EXPECT_EQ(selections.run.geodeticCsv.zoneSuffix, "");
-  EXPECT_EQ(databaseFileText({"a.csv"}), "a.csv");
-  EXPECT_EQ(databaseFileText({"a.csv", "b.csv", "c.csv"}), "a.csv  (+2 more)");
 }
 
 }  // namespace

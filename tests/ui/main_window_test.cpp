@@ -13,6 +13,7 @@
 #include <QTableView>
 #include <QTest>
 #include <QTreeWidget>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -79,6 +80,18 @@ class MainWindow : public testing::Test {
     auto& line = widget<QLineEdit>(name);
     line.selectAll();
     QTest::keyClicks(&line, text);
+  }
+  /// As a file manager does: the window finds out what lies under the pointer.
+  void drop(const char* name, const std::string& file) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file))});
+    const auto& box = widget<QWidget>(name);
+    const QPoint place = box.mapTo(window.get(), box.rect().center());
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window->windowHandle(), &enter);
+    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window->windowHandle(), &drop);
+    QApplication::processEvents();
   }
   std::string text(const char* name) { return widget<QLineEdit>(name).text().toStdString(); }
   std::string status() { return window->statusBar()->currentMessage().toStdString(); }
@@ -236,11 +249,8 @@ TEST_F(MainWindow, FollowsTheRulesOfTheSelections) {
   EXPECT_EQ(widget<QComboBox>("lstTargetFormat").currentIndex(), run::target::GeodeticsSpecial);
   EXPECT_TRUE(widget<QRadioButton>("btnTargetMetric").isChecked());
 
-  choose("lstSourceFormat", run::source::GeodeticCsv);
-  EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentIndex(), run::source::Keyboard);
-  EXPECT_EQ(status(), "No file of the geodetic database was found.");
+  choose("lstSourceFormat", run::source::Keyboard);
   EXPECT_FALSE(widget<QLineEdit>("txtSourceFile").isEnabled());
-
   type("txtSourceProjection", "50");
   EXPECT_EQ(widget<QLabel>("lblSourceSystem").text(), "unknown projection");
   EXPECT_NE(widget<QLabel>("lblSourceSystem").palette(), window->palette());
@@ -300,27 +310,87 @@ TEST_F(MainWindow, FindsASystemByItsName) {
 }
 
 TEST_F(MainWindow, TakesWhatADroppedFileSaysOfItself) {
-  QMimeData data;
   const std::string name = folder.write("own.csv", "$Tovak#4M-1996$ NAD83(1996)  (Meters)\n1,2\n");
-  data.setUrls({QUrl::fromLocalFile(QString::fromStdString(name))});
   // The keyboard's file box is disabled: the window takes the file.
-  for (const char* const format : {"Keyboard", "Sdms"}) {
+  for (const std::int16_t format : {run::source::Keyboard, run::source::Sdms}) {
     SCOPED_TRACE(format);
-    start.settings.sourceFormat = format == std::string("Sdms") ? run::source::Sdms : run::source::Keyboard;
+    start.settings.sourceFormat = format;
     open();
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&widget<QLineEdit>("txtSourceFile"), &enter);
-    QApplication::sendEvent(&widget<QLineEdit>("txtSourceFile"), &drop);
+    drop("txtSourceFile", name);
+    EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentIndex(), run::source::Keyboard);
     EXPECT_EQ(text("txtSourceFile"), name);
     EXPECT_EQ(text("txtSourceProjection"), "4M");
     EXPECT_TRUE(widget<QRadioButton>("adj96btn").isChecked());
   }
 }
 
+TEST_F(MainWindow, ReadsTheDatabaseFromDroppedMapSheets) {
+  const auto station = [](const char* zone) { return std::string("HILL,,,,,,,,,,,,7,") + zone + ",G1,45.3,93.3\n"; };
+  const std::string one = folder.write("ALDR1.csv", station("Alder - North") + station("Alder - South"));
+  folder.write("ALDR2.csv", station("Alder - South"));
+  const std::string lone = folder.write("OAKH1.csv", "HILL,45.3,93.3,,,,,,,,,,,,G1,,\n");
+  start.mapSheetCodes = "ALDR1~OAKH1";
+  presetFiles("");
+  start.settings.targetFormat = run::target::GeopakNe;
+  open();
+  const auto answer = [this](QMessageBox::StandardButton button) {
+    dialogs.expect("QMessageBox", [button](QDialog& box) { static_cast<QMessageBox&>(box).button(button)->click(); });
+  };
+  answer(QMessageBox::Yes);
+  drop("txtSourceFile", one);
+  EXPECT_EQ(dialogs.boxes.at(0).title, "Multiple Map Sheets");
+  EXPECT_EQ(text("txCsvtSrcFile"), one + "  (+1 more)");
+  EXPECT_TRUE(widget<QWidget>("frameSrcCsvPrj").isVisible() && !widget<QWidget>("frameSrcMapPrj").isVisible());
+  EXPECT_TRUE(!widget<QLineEdit>("txtSourceFile").isVisible() && widget<QRadioButton>("adjNonebtn").isChecked());
+  EXPECT_EQ(widget<QComboBox>("lstCsvVertical").currentText(), "NGVD29");
+
+  click("cmdExecute");
+  EXPECT_EQ(dialogs.boxes.back().text, "You must select a horizontal reference option.");
+  EXPECT_EQ(window->focusWidget(), &widget<QComboBox>("lstHorizontal"));
+  emit widget<QComboBox>("lstHorizontal").textActivated("NAD83(2011) ADJ.");
+  EXPECT_TRUE(widget<QRadioButton>("adj11btn").isChecked());
+  EXPECT_EQ(widget<QLabel>("lblCsvSource").text(), "Projection = 0    (Latitude and Longitude : NAD83)");
+  click("cmdExecute");
+  EXPECT_EQ(dialogs.boxes.back().text, "You must select a county zone.");
+  EXPECT_EQ(window->focusWidget(), &widget<QComboBox>("lstCsvZone"));
+  emit widget<QComboBox>("lstCsvZone").textActivated("South");
+  click("cmdExecute");
+  EXPECT_EQ(status(), "3 records read: 2 converted, 0 skipped, 1 passed over (1 of another zone, first in line 1)");
+
+  // Another sheet begins anew.
+  drop("txCsvtSrcFile", lone);
+  EXPECT_EQ(text("txCsvtSrcFile"), lone);
+  EXPECT_EQ(widget<QComboBox>("lstHorizontal").currentIndex(), -1);
+  answer(QMessageBox::Cancel);
+  drop("txCsvtSrcFile", one);
+  EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentIndex(), run::source::Keyboard);
+  EXPECT_TRUE(widget<QWidget>("frameSrcMapPrj").isVisible() && dialogs.finished());
+}
+
+TEST_F(MainWindow, OffersAFileForTheDatabase) {
+  const std::string sheet = folder.write("ELMW1.csv", "NAME");
+  for (const std::string& chosen : {std::string(), sheet, folder.write("points.txt", "")}) {
+    SCOPED_TRACE(chosen);
+    open();
+    dialogs.expect("QFileDialog", [&chosen](QDialog& dialog) {
+      dialog.findChild<QLineEdit*>()->setText(QString::fromStdString(chosen));
+      dialog.QDialog::done(chosen.empty() ? QDialog::Rejected : QDialog::Accepted);
+    });
+    choose("lstSourceFormat", run::source::GeodeticCsv);
+    EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentIndex(),
+              chosen == sheet ? run::source::GeodeticCsv : run::source::Keyboard);
+  }
+  EXPECT_EQ(dialogs.boxes.back().text, "The source file is not a CSV file.");
+  // A sheet named on the command line is looked through once the window stands.
+  start.settings.sourceFormat = run::source::GeodeticCsv;
+  start.settings.source.fileName = sheet;
+  open().completeStart();
+  EXPECT_EQ(widget<QComboBox>("lstHorizontal").count(), 1);
+}
+
 TEST_F(MainWindow, ShowsWhatTheProgramHasToSayAtItsStart) {
   start.messages = {{.text = "Source File Was Not Specified.", .title = "Command Line Error"}};
-  open().showStartMessages();
+  open().completeStart();
   ASSERT_EQ(dialogs.boxes.size(), 1U);
   EXPECT_EQ(dialogs.boxes[0].title, "Command Line Error");
 }

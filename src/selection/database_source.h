@@ -1,0 +1,27 @@
+/// Choosing the geodetic database as source: its map sheets are found and looked through.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "run/message.h"
+#include "selection/selections.h"
+
+namespace tovak::selection {
+
+struct DatabaseOutcome {
+  bool missing = false;                 ///< the source file is not there
+  std::optional<run::Message> problem;  ///< to be shown
+};
+
+/// Puts a question to the person.
+using Ask = std::function<run::Answer(const run::Message& question)>;
+
+/// Chooses the database with the source file that is named. When there are several map sheets of its county, the
+/// person is asked whether they are all meant. No adjustment is chosen then, and the lists hold what the sheets have.
+///
+/// The source becomes the keyboard, and the lists stay as they were, when the file is not there, the question was
+/// cancelled, or there is a problem: a path without ".csv", too many sheets, a sheet that cannot be read.
+DatabaseOutcome chooseDatabaseSource(Selections& selections, const run::FormatTables& formats, const Ask& ask);
+
+}  // namespace tovak::selection

@@ -1,0 +1,128 @@
+// The main window's part in choosing a source: the geodetic database with its lists, and files that are dropped.
+#include <QComboBox>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTimer>
+#include <utility>
+
+#include "formats/database/map_sheets.h"
+#include "run/format_index.h"
+#include "selection/database_choices.h"
+#include "selection/database_source.h"
+#include "ui/message_box.h"
+#include "ui/qt_text.h"
+#include "ui/tovak.h"
+#include "ui/wait_cursor.h"
+#include "ui_tovak.h"
+
+namespace tovak::ui {
+namespace {
+
+using selection::Side;
+
+/// A file that was dropped, or an empty text.
+QString droppedFile(const QMimeData& data) {
+  return data.hasUrls() ? data.urls().front().toLocalFile() : QString();
+}
+
+}  // namespace
+
+void frmTovak::connectDatabase() {
+  const Ui::frmTovak& f = *form_;
+  using Choose = void (*)(selection::Selections&, std::string_view);
+  const std::pair<QComboBox*, Choose> lists[] = {{f.lstHorizontal, selection::chooseHorizontalReference},
+                                                 {f.lstCsvVertical, selection::chooseVerticalReference},
+                                                 {f.lstCsvZone, selection::chooseCountyZone}};
+  for (const auto& [list, choose] : lists) {
+    connect(list, &QComboBox::textActivated, this, [this, chosen = choose](const QString& text) {
+      chosen(selections_, text.toStdString());
+      refresh();
+    });
+  }
+}
+
+void frmTovak::refreshDatabase() {
+  const Ui::frmTovak& f = *form_;
+  const std::pair<QComboBox*, const selection::ChoiceList*> lists[] = {{f.lstHorizontal, &selections_.horizontals},
+                                                                       {f.lstCsvVertical, &selections_.verticals},
+                                                                       {f.lstCsvZone, &selections_.countyZones}};
+  for (const auto& [list, choices] : lists) {
+    list->clear();
+    for (const std::string_view text : choices->texts) list->addItem(toQString(text));
+    list->setCurrentIndex(choices->chosen);
+    list->setEnabled(!choices->texts.empty());
+  }
+  f.lstCsvZone->setPlaceholderText(selections_.countyZones.texts.empty() ? tr("No zones") : tr("Choose a zone"));
+  f.lblCsvSource->setText(toQString(selection::databaseProjectionLine(selections_)));
+  f.txCsvtSrcFile->setText(toQString(selection::databaseFileText(selections_)));
+}
+
+void frmTovak::chooseDatabase() {
+  const auto ask = [this](const run::Message& question) { return askOrCancel(this, question); };
+  selection::DatabaseOutcome outcome;
+  {
+    const WaitCursor wait;
+    outcome = selection::chooseDatabaseSource(selections_, start_.formatTables, ask);
+  }
+  refresh();
+  showAllGroups();
+  if (outcome.missing) statusBar()->showMessage(tr("No file of the geodetic database was found."));
+  if (outcome.problem) showMessage(this, *outcome.problem);
+}
+
+/// The database takes more lines than other sources: the window grows by them where the screen has room.
+void frmTovak::showAllGroups() {
+  const int missing = form_->scrollContents->sizeHint().height() - form_->scrollArea->viewport()->height();
+  if (missing <= 0 || isMaximized()) return;
+  resize((size() + QSize(0, missing)).boundedTo(screen()->availableSize()));
+}
+
+/// A map sheet that is dropped brings the database along; any other file is looked at, and its format is to be chosen.
+void frmTovak::dropFile(Side side, const QString& name) {
+  if (running_) return;
+  const std::string path = name.toStdString();
+  if (side == Side::Target) {
+    selections_.run.target.fileName = path;
+    return refresh();
+  }
+  if (formats::isMapSheet(path, start_.mapSheetCodes)) {
+    selections_.run.sourceFormat = run::source::GeodeticCsv;
+  } else {
+    selection::chooseSourceFormat(selections_, start_.formatTables, run::source::Keyboard);
+  }
+  takeSourceFile(name);
+}
+
+void frmTovak::dragEnterEvent(QDragEnterEvent* event) {
+  if (!running_ && !droppedFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+/// Takes the event when it brings a file. What follows from a drop waits until the program that the file comes from is
+/// free again, since a question may.
+bool frmTovak::acceptDrop(QDropEvent* event, Side side) {
+  const QString name = droppedFile(*event->mimeData());
+  if (name.isEmpty()) return false;
+  event->acceptProposedAction();
+  if (event->type() == QEvent::Drop) QTimer::singleShot(0, this, [this, side, name] { dropFile(side, name); });
+  return true;
+}
+
+void frmTovak::dropEvent(QDropEvent* event) {
+  const bool onTarget =
+      form_->grpTarget->geometry().contains(centralWidget()->mapFrom(this, event->position().toPoint()));
+  acceptDrop(event, onTarget ? Side::Target : Side::Source);
+}
+
+/// A file dropped on a file box replaces its text; the box alone would take the address for text.
+bool frmTovak::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::DragEnter || event->type() == QEvent::Drop) {
+    const Side side = watched == form_->txtTargetFile ? Side::Target : Side::Source;
+    if (acceptDrop(static_cast<QDropEvent*>(event), side)) return true;
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace tovak::ui
