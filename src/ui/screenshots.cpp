@@ -117,8 +117,11 @@ std::unique_ptr<QWidget> makeOutput() {
   auto grid = std::make_unique<tovak::ui::frmTovakOutput>();
   grid->setDescriptions("Latitude and Longitude, NAD83 : NAD83", "State plane South, NAD83 : NAD83");
   grid->startGrid();
+  double latitude = 48.946947603, longitude = -95.790044250, height = 912.482, northing = 0, easting = 0;
+  std::string result;
+  engine()->TovakVert(latitude, longitude, height, "0", northing, easting, height, "4", result);
   grid->addRow("101", "Alder Bridge", {"48 56 49.01137", "-95 47 24.15930", "2503013.737", "2193223.445", "912.482"},
-               "State plane South, NAD83");
+               result);
   return grid;
 }
 

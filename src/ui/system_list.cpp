@@ -61,7 +61,7 @@ frmTovakSystems::frmTovakSystems(run::ConversionEngine& engine, std::int16_t cho
   column->addWidget(txtSearch_);
   column->addWidget(lstSystems_);
   column->addWidget(buttons);
-  resize(520, 420);
+  resize(600, 420);
 
   connect(txtSearch_, &QLineEdit::textChanged, this, &frmTovakSystems::search);
   connect(lstSystems_, &QTreeWidget::itemActivated, this, &QDialog::accept);
