@@ -26,7 +26,10 @@
 
 namespace {
 
-using namespace tovak;
+namespace app = tovak::app;
+namespace formats = tovak::formats;
+namespace run = tovak::run;
+namespace ui = tovak::ui;
 
 run::RunSettings settingsFor(const char* points) {
   run::RunSettings settings;
@@ -36,7 +39,7 @@ run::RunSettings settingsFor(const char* points) {
   settings.TargetProjectionCode = 4;
   settings.source.projectionText = "0";
   settings.target.projectionText = "4";
-  settings.latLongForm = text::AngleForm::DecimalDegrees;
+  settings.latLongForm = tovak::text::AngleForm::DecimalDegrees;
   settings.reportEnabled = false;
   settings.reportFileName = "window_run.rpt";
   settings.source.fileName = points;

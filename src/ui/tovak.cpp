@@ -4,20 +4,13 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QPalette>
 #include <QScreen>
-#include <utility>
 
 #include "app/account_line.h"
 #include "run/format_index.h"
-#include "run/projection_box.h"
-#include "run/projection_code.h"
-#include "selection/enabled_controls.h"
 #include "selection/own_file.h"
-#include "text/number.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
-#include "ui/report_printing.h"
 #include "ui/system_list.h"
 #include "ui/tovak_com_del.h"
 #include "ui/tovak_project.h"
@@ -89,228 +82,8 @@ void frmTovak::fillLists() {
   for (const char* const accuracy : kAccuracies) form_->lstAccuracy->addItem(accuracy);
 }
 
-void frmTovak::connectSide(const SideWidgets& side) {
-  const bool isSource = side.side == Side::Source;
-  connect(side.format, &QComboBox::activated, this,
-          isSource ? &frmTovak::chooseSourceFormat : &frmTovak::chooseTargetFormat);
-  connect(side.layout, &QComboBox::activated, this, [this, &side](int index) { chooseLayout(side, index); });
-  connect(side.editLayout, &QPushButton::clicked, this, [this, isSource] {
-    editLayouts(isSource ? formats::EditorPurpose::InputFile : formats::EditorPurpose::OutputFile);
-  });
-  connect(side.projection, &QLineEdit::textEdited, this,
-          [this, &side](const QString& text) { typeProjection(side, text); });
-  connect(side.projection, &QLineEdit::editingFinished, this, [this, &side] { refreshSide(side); });
-  connect(side.choose, &QPushButton::clicked, this, [this, &side] { chooseSystem(side); });
-  for (QRadioButton* const button : {side.english, side.metric}) {
-    connect(button, &QRadioButton::clicked, this, [this, &side] {
-      selection::chooseUnit(selections_, side.side, side.metric->isChecked());
-      refresh();
-    });
-  }
-  connect(side.file, &QLineEdit::textEdited, this,
-          [this, &side](const QString& text) { settingsOf(side.side).fileName = text.toStdString(); });
-  connect(side.browse, &QPushButton::clicked, this, [this, &side] { browse(side); });
-  side.file->installEventFilter(this);
-}
-
-void frmTovak::connectOptions() {
-  const Ui::frmTovak& f = *form_;
-  using run::Adjustment;
-  const std::pair<QRadioButton*, Adjustment> adjustments[] = {{f.adjNonebtn, Adjustment::None},
-                                                              {f.adj86btn, Adjustment::Nad83_1986},
-                                                              {f.adj96btn, Adjustment::Nad83_1996},
-                                                              {f.adj07btn, Adjustment::Nad83_2007},
-                                                              {f.adj11btn, Adjustment::Nad83_2011}};
-  for (const auto& [button, adjustment] : adjustments) {
-    connect(button, &QRadioButton::clicked, this, [this, chosen = adjustment] {
-      selection::chooseAdjustment(selections_, chosen);
-      refresh();
-    });
-  }
-  using text::AngleForm;
-  const std::pair<QRadioButton*, AngleForm> forms[] = {{f.btnDMS, AngleForm::DegreesMinutesSeconds},
-                                                       {f.btnDM, AngleForm::DegreesDecimalMinutes},
-                                                       {f.btnDD, AngleForm::DecimalDegrees}};
-  for (const auto& [button, form] : forms) {
-    connect(button, &QRadioButton::clicked, this, [this, chosen = form] {
-      selection::chooseLatLongForm(selections_, chosen);
-      refresh();
-    });
-  }
-  connect(f.lstAccuracy, &QComboBox::activated, this, [this](int index) { selections_.run.accuracy = index; });
-  connect(f.btnNavd88, &QRadioButton::clicked, this,
-          [this] { selections_.run.verticalDatum = run::VerticalDatum::Navd88; });
-  connect(f.btnNgvd29, &QRadioButton::clicked, this,
-          [this] { selections_.run.verticalDatum = run::VerticalDatum::Ngvd29; });
-  connect(f.cmdNumbering, &QPushButton::clicked, this, &frmTovak::openOptions<frmTovakDefPtNo>);
-  connect(f.cmdProject, &QPushButton::clicked, this, &frmTovak::openProject);
-  connect(f.chkAllowBlank, &QCheckBox::clicked, this, [this](bool allowed) {
-    selections_.run.allowBlankPointNumbers = allowed;
-    refresh();
-  });
-}
-
-void frmTovak::connectReport() {
-  const Ui::frmTovak& f = *form_;
-  connect(f.ChkSuppress, &QCheckBox::clicked, this, [this](bool suppressed) {
-    selections_.run.reportEnabled = !suppressed;
-    refresh();
-  });
-  connect(f.btnAppend, &QRadioButton::clicked, this, [this] { selections_.run.appendReport = true; });
-  connect(f.btnOverwrite, &QRadioButton::clicked, this, [this] { selections_.run.appendReport = false; });
-  connect(f.chkPrint, &QCheckBox::clicked, this, [this](bool print) { selections_.run.printReport = print; });
-  connect(f.txtPrintFile, &QLineEdit::textEdited, this,
-          [this](const QString& text) { selections_.run.reportFileName = text.toStdString(); });
-  connect(f.cmdReportBrowse, &QPushButton::clicked, this, &frmTovak::browseReport);
-  connect(f.txtDescription, &QLineEdit::textEdited, this,
-          [this](const QString& text) { selections_.run.reportDescription = text.toStdString(); });
-}
-
-void frmTovak::connectMenus() {
-  const Ui::frmTovak& f = *form_;
-  connect(f.cmdExecute, &QPushButton::clicked, this, &frmTovak::execute);
-  connect(f.cmdClose, &QPushButton::clicked, this, &QWidget::close);
-  connect(f.mnuFileOpen, &QAction::triggered, this, [this] { browse(sides_[0]); });
-  connect(f.mnuFileSave, &QAction::triggered, this, [this] { browse(sides_[1]); });
-  connect(f.mnuFileSourceLayout, &QAction::triggered, f.cmdSourceLayout, &QPushButton::click);
-  connect(f.mnuFileTargetLayout, &QAction::triggered, f.cmdTargetLayout, &QPushButton::click);
-  connect(f.mnuFileExecute, &QAction::triggered, this, &frmTovak::execute);
-  connect(f.mnuFilePrint, &QAction::triggered, this, [this] { openReport(printReport); });
-  connect(f.mnuFilePreview, &QAction::triggered, this, [this] { openReport(previewReport); });
-  connect(f.mnuFileExit, &QAction::triggered, this, &QWidget::close);
-  connect(f.mnuToolsNumbering, &QAction::triggered, this, &frmTovak::openOptions<frmTovakDefPtNo>);
-  connect(f.mnuToolsLayouts, &QAction::triggered, this, [this] { editLayouts(formats::EditorPurpose::Utility); });
-  connect(f.mnuToolsProject, &QAction::triggered, this, &frmTovak::openProject);
-  connect(f.mnuToolsWaypoints, &QAction::triggered, this, &frmTovak::openOptions<frmTovakWptTxt>);
-  connect(f.mnuToolsMaptech, &QAction::triggered, this, &frmTovak::openOptions<frmTovakMaptech>);
-  connect(f.mnuToolsDelorme, &QAction::triggered, this, &frmTovak::openOptions<frmTovakDelorme>);
-  connect(f.mnuHelpContents, &QAction::triggered, this, &frmTovak::openHelp);
-  connect(f.mnuHelpAbout, &QAction::triggered, this, [this] { frmTovakAbout(this).exec(); });
-}
-
 run::SideSettings& frmTovak::settingsOf(Side side) {
   return side == Side::Source ? selections_.run.source : selections_.run.target;
-}
-
-/// The user-defined project has a unit of its own, which is that of every side it is chosen for.
-void frmTovak::followProject() {
-  for (const SideWidgets& side : sides_) {
-    if (selection::projectionBox(selections_, side.side).code != run::kUserDefinedProject) continue;
-    const std::string project = engine_.GetProjectionData(-run::kUserDefinedProject);
-    const std::size_t separator = project.find('~');
-    if (separator == std::string::npos) continue;
-    selection::chooseUnit(selections_, side.side, run::marksMetres(std::string_view(project).substr(separator)));
-  }
-}
-
-void frmTovak::refresh() {
-  followProject();
-  for (const SideWidgets& side : sides_) refreshSide(side);
-  refreshOptions();
-  refreshDatabase();
-  refreshEnabled();
-}
-
-void frmTovak::refreshSide(const SideWidgets& side) {
-  const run::RunSettings& settings = selections_.run;
-  const run::SideSettings& ofSide = settingsOf(side.side);
-  side.format->setCurrentIndex(side.side == Side::Source ? settings.sourceFormat : settings.targetFormat);
-  if (side.projection->text() != toQString(ofSide.projectionText))
-    side.projection->setText(toQString(ofSide.projectionText));
-  (ofSide.metres ? side.metric : side.english)->setChecked(true);
-  if (side.file->text() != toQString(ofSide.fileName)) side.file->setText(toQString(ofSide.fileName));
-  refreshLayouts(side);
-  showSystem(side);
-}
-
-/// A format stays the side's after its entry was changed or removed, until one is chosen again: then the list shows its
-/// name and no entry.
-void frmTovak::refreshLayouts(const SideWidgets& side) {
-  const bool isSource = side.side == Side::Source;
-  const std::size_t chosen = isSource ? delimitedFormats_.chosenSource : delimitedFormats_.chosenTarget;
-  const run::DelimitedFormat& current = isSource ? selections_.run.sourceDelimited : selections_.run.targetDelimited;
-  side.layout->clear();
-  side.layout->setPlaceholderText(tr("%1 (as it was chosen)").arg(toQString(current.name)));
-  for (const run::DelimitedFormat& format : delimitedFormats_.table) side.layout->addItem(toQString(format.name));
-  side.layout->setCurrentIndex(delimitedFormats_.table[chosen] == current ? static_cast<int>(chosen) : -1);
-}
-
-void frmTovak::showSystem(const SideWidgets& side) {
-  const std::int16_t code = selection::projectionBox(selections_, side.side).code;
-  const QString name = systemName(engine_, code);
-  QString problem = name.isEmpty() ? tr("The conversion engine does not know this number") : QString();
-  if (code == run::kUserDefinedProject) {
-    const QString project = toQString(engine_.GetProjectionData(-run::kUserDefinedProject));
-    if (!project.contains('~')) problem = project;
-  }
-  side.system->setText(name.isEmpty() ? tr("unknown projection") : name);
-  side.system->setToolTip(problem.isEmpty() ? name : problem);
-  // Red that stands out from the palette's own background, be it light or dark.
-  const bool dark = palette().color(QPalette::Window).lightness() < 128;
-  QPalette colours = palette();
-  if (!problem.isEmpty()) colours.setColor(QPalette::WindowText, dark ? QColor(255, 120, 110) : QColor(180, 0, 0));
-  side.system->setPalette(colours);
-}
-
-void frmTovak::refreshOptions() {
-  const run::RunSettings& settings = selections_.run;
-  const Ui::frmTovak& f = *form_;
-  QRadioButton* const adjustments[] = {f.adjNonebtn, f.adj86btn, f.adj96btn, f.adj07btn, f.adj11btn};
-  adjustments[static_cast<std::size_t>(settings.adjustment)]->setChecked(true);
-  QRadioButton* const form = settings.latLongForm == text::AngleForm::DecimalDegrees          ? f.btnDD
-                             : settings.latLongForm == text::AngleForm::DegreesDecimalMinutes ? f.btnDM
-                                                                                              : f.btnDMS;
-  form->setChecked(true);
-  f.lstAccuracy->setCurrentIndex(settings.accuracy);
-  (settings.verticalDatum == run::VerticalDatum::Navd88 ? f.btnNavd88 : f.btnNgvd29)->setChecked(true);
-  f.txtNextNumber->setText(QString::number(settings.NextPointNumber));
-  f.txtIncrement->setText(QString::number(settings.PointNumberIncrement));
-  f.chkAllowBlank->setChecked(settings.allowBlankPointNumbers);
-  f.ChkSuppress->setChecked(!settings.reportEnabled);
-  (settings.appendReport ? f.btnAppend : f.btnOverwrite)->setChecked(true);
-  f.chkPrint->setChecked(settings.printReport);
-  if (f.txtPrintFile->text() != toQString(settings.reportFileName))
-    f.txtPrintFile->setText(toQString(settings.reportFileName));
-}
-
-void frmTovak::refreshEnabled() {
-  const selection::EnabledControls enabled = selection::enabledControls(selections_, start_.formatTables);
-  const Ui::frmTovak& f = *form_;
-  const bool sourceDelimited = selections_.run.sourceFormat == run::source::CommaDelimited;
-  const bool targetDelimited = selections_.run.targetFormat == run::target::CommaDelimited;
-  f.mnuFileSourceLayout->setEnabled(sourceDelimited);
-  f.mnuFileTargetLayout->setEnabled(targetDelimited);
-  const std::pair<QWidget*, bool> states[] = {
-      {f.frameSourceFile, enabled.sourceFile},
-      {f.frameTargetFile, enabled.targetFile},
-      {f.frameSrcMapPrj, enabled.sourceProjection},
-      {f.frameTrgMapPrj, enabled.targetProjection},
-      {f.frameSourceUnits, enabled.sourceUnits},
-      {f.frameTargetUnits, enabled.targetUnits},
-      {f.lstSourceLayout, sourceDelimited},
-      {f.cmdSourceLayout, sourceDelimited},
-      {f.lstTargetLayout, targetDelimited},
-      {f.cmdTargetLayout, targetDelimited},
-      {f.frameLLfmt, enabled.latLongForm},
-      {f.frameAdjustment, enabled.ordinaryOptions},
-      {f.frameVertical, enabled.ordinaryOptions},
-      {f.frameNumbering, enabled.ordinaryOptions},
-      {f.txtNextNumber, enabled.nextNumber},
-      {f.txtIncrement, enabled.nextNumber},
-      {f.cmdNumbering, enabled.nextNumber},
-      {f.ChkSuppress, enabled.ordinaryOptions},
-      {f.frameReport, enabled.report},
-      {f.txtPrintFile, enabled.report},
-      {f.cmdReportBrowse, enabled.report},
-      {f.txtDescription, enabled.report},
-  };
-  for (const auto& [widget, on] : states) widget->setEnabled(on);
-  f.frameSrcCsvPrj->setVisible(enabled.database);
-  f.txCsvtSrcFile->setVisible(enabled.database);
-  f.frameSrcMapPrj->setVisible(!enabled.database);
-  f.lblSourceProjection->setVisible(!enabled.database);
-  f.txtSourceFile->setVisible(!enabled.database);
-  f.lblSourceFile->setBuddy(enabled.database ? f.txCsvtSrcFile : f.txtSourceFile);
 }
 
 void frmTovak::chooseSourceFormat(int index) {
@@ -404,12 +177,6 @@ void frmTovak::takeSourceFile(const QString& name) {
   if (selection::presetFromFile(selections_, selections_.run.source.fileName)) {
     statusBar()->showMessage(tr("Projection, units and adjustment were taken from the file's first line."));
   }
-  refresh();
-}
-
-template <typename Dialog>
-void frmTovak::openOptions() {
-  Dialog(selections_.run, this).exec();
   refresh();
 }
 
