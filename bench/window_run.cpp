@@ -28,7 +28,9 @@ namespace {
 
 namespace app = tovak::app;
 namespace formats = tovak::formats;
+namespace report = tovak::report;
 namespace run = tovak::run;
+namespace text = tovak::text;
 namespace ui = tovak::ui;
 
 run::RunSettings settingsFor(const char* points) {
@@ -39,7 +41,7 @@ run::RunSettings settingsFor(const char* points) {
   settings.TargetProjectionCode = 4;
   settings.source.projectionText = "0";
   settings.target.projectionText = "4";
-  settings.latLongForm = tovak::text::AngleForm::DecimalDegrees;
+  settings.latLongForm = text::AngleForm::DecimalDegrees;
   settings.reportEnabled = false;
   settings.reportFileName = "window_run.rpt";
   settings.source.fileName = points;
