@@ -137,10 +137,7 @@ void ConversionRun::prepareFormats() {
 
 bool ConversionRun::checkCombination() {
   if (const Message* const broken = firstBrokenRule(settings_)) return stop(*broken);
-  if (target_.kind == TargetKind::AgencyRun) return stop(messages::batchSourceMissing());
-  const bool writable = target_.kind == TargetKind::Screen || target_.makeWriter != nullptr;
-  if (source_.makeReader == nullptr || !writable) return stop(messages::formatNotAvailable());
-  return true;
+  return target_.kind != TargetKind::AgencyRun || stop(messages::batchSourceMissing());
 }
 
 bool ConversionRun::confirmWarnings() {

@@ -88,7 +88,7 @@ enum class TargetKind { Screen, File, AgencyRun };
 struct SourceFormat {
   std::string_view name;
   SourceKind kind = SourceKind::File;
-  /// Null while the format cannot be read.
+  /// Null for an agency run.
   std::unique_ptr<PointReader> (*makeReader)(const SourceContext&) = nullptr;
   /// Does the whole job of an agency run, from the check of the target format to the finished file; null for the other
   /// kinds. False when the message stopped it.
@@ -102,7 +102,7 @@ struct SourceFormat {
 struct TargetFormat {
   std::string_view name;
   TargetKind kind = TargetKind::File;
-  /// Null while the format cannot be written, and for the screen.
+  /// Null for the screen and for an agency run.
   std::unique_ptr<PointWriter> (*makeWriter)(const TargetContext&) = nullptr;
   void (*prepare)(RunSettings&) = nullptr;
   /// Choosing the format puts latitude and longitude on NAD83 into the target projection box.

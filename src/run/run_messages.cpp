@@ -12,10 +12,6 @@ Message countyZoneMissing() {
   return {"You must select a county zone.", "CSV Input Error", Icon::Exclamation, "lstCsvZone"};
 }
 
-Message formatNotAvailable() {
-  return {"This format is not available yet.", "Tovak", Icon::Exclamation};
-}
-
 Message batchSourceMissing() {
   return {"The source format must be the one that goes with this target.", "Invalid source", Icon::Exclamation};
 }

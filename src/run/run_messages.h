@@ -11,7 +11,6 @@ namespace tovak::run::messages {
 
 Message horizontalReferenceMissing();
 Message countyZoneMissing();
-Message formatNotAvailable();
 /// A target of an agency run with a source of another kind.
 Message batchSourceMissing();
 Message waypointsInLatLong();

@@ -71,7 +71,6 @@ struct LinesReport final : PointWriter {
 
 constexpr std::int16_t kPacked = source::BlueBook;
 constexpr std::int16_t kForcing = source::Maptech;
-constexpr std::int16_t kNotYet = 2;
 
 /// Formats of lines; those that the run itself knows by name have their places.
 std::vector<SourceFormat> sources() {
@@ -81,7 +80,6 @@ std::vector<SourceFormat> sources() {
                               }};
   std::vector<SourceFormat> formats(14, lines);
   formats[source::Keyboard] = {.name = "keyboard", .kind = SourceKind::Keyboard, .makeReader = makeKeyboardReader};
-  formats[kNotYet].makeReader = nullptr;
   formats[kPacked].packedAngles = true;
   formats[kForcing].prepare = [](RunSettings& settings) {
     settings.latLongForm = AngleForm::DecimalDegrees;
@@ -102,7 +100,6 @@ std::vector<TargetFormat> targets() {
                               }};
   std::vector<TargetFormat> formats(16, lines);
   formats[target::ScreenOnly] = {.name = "screen", .kind = TargetKind::Screen};
-  formats[kNotYet].makeWriter = nullptr;
   formats[target::GeodeticsSpecial].kind = TargetKind::AgencyRun;
   formats[target::TrimbleWaypoints].options = TargetOptions::TrimbleWaypoints;
   formats[target::WayPointsPlus].fileNameEnding = ".txt";
@@ -219,10 +216,7 @@ TEST_F(ConversionRun, SkipsAnglesOf60MinutesLikePointsTheEngineRefuses) {
 }
 
 TEST_F(ConversionRun, RefusesBeforeAnythingIsTouched) {
-  constexpr const char* kNotAvailable = "This format is not available yet.";
   const std::tuple<std::int16_t, std::int16_t, Message> cases[] = {
-      {kNotYet, 1, {kNotAvailable, "Tovak", Exclamation}},
-      {1, kNotYet, {kNotAvailable, "Tovak", Exclamation}},
       {source::GeodeticsSpecial, 1, {"exported", "Agency", Information}},
       {1,
        target::GeodeticsSpecial,
@@ -364,7 +358,7 @@ TEST_F(ConversionRun, TakesUserDefinedProjectsFromTheEngine) {
 }
 
 TEST_F(ConversionRun, TurnsInteractiveOnTheFirstMessageOfBatchModeOne) {
-  settings.sourceFormat = kNotYet;
+  settings.targetFormat = target::GeodeticsSpecial;
   settings.BatchMode = 1;
   for (const bool hasWindow : {false, true}) {
     person.hasWindow = hasWindow;

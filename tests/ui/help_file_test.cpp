@@ -13,10 +13,6 @@
 
 namespace {
 
-using tovak::run::SourceFormat;
-using tovak::run::TargetFormat;
-using tovak::run::TargetKind;
-
 QString helpText() {
   QFile file(TOVAK_HELP_FILE);
   return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
@@ -55,26 +51,6 @@ QStringList namesOf(const Formats& formats) {
   return names;
 }
 
-/// KRV batch files stand in the lists, and a run with them says that it cannot convert them.
-bool isKrv(std::string_view name) {
-  return name.starts_with("KRV ");
-}
-
-bool available(const SourceFormat& format) {
-  return format.makeReader != nullptr || (format.exportFile != nullptr && !isKrv(format.name));
-}
-bool available(const TargetFormat& format) {
-  return format.kind == TargetKind::Screen || format.makeWriter != nullptr ||
-         (format.kind == TargetKind::AgencyRun && !isKrv(format.name));
-}
-
-template <typename Formats>
-void addUnavailable(QStringList& list, const QString& side, const Formats& formats) {
-  for (const auto& format : formats) {
-    if (!available(format)) list += side + ": " + nameOf(format.name);
-  }
-}
-
 }  // namespace
 
 TEST(HelpFile, LinksLeadToAnchorsAndEveryAnchorIsThereOnce) {
@@ -94,17 +70,6 @@ TEST(HelpFile, EveryFormatHasItsSectionInTheOrderOfItsList) {
   const tovak::run::FormatTables formats = tovak::formats::formatTables();
   EXPECT_EQ(titlesIn("source-formats"), namesOf(formats.sources));
   EXPECT_EQ(titlesIn("target-formats"), namesOf(formats.targets));
-}
-
-TEST(HelpFile, ListsTheFormatsThatAreNotAvailableYet) {
-  const tovak::run::FormatTables formats = tovak::formats::formatTables();
-  QStringList expected;
-  addUnavailable(expected, "Source", formats.sources);
-  addUnavailable(expected, "Target", formats.targets);
-  const QString text = allMatches(helpText(), "<h2><a name=\"not-available\">(.*?)<h2>").join("");
-  QStringList listed;
-  for (const QString& item : allMatches(text, "<li>(.*?)</li>")) listed += plain(item);
-  EXPECT_EQ(listed, expected);
 }
 
 TEST(HelpFile, QuotesMessagesAsTheProgramWordsThem) {
