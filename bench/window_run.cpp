@@ -67,7 +67,10 @@ int main(int count, char** values) {
   if (count != 3) return 2;
   const QApplication application(count, values);
   const run::EngineResult engine = run::createEngine(run::kEngineIdentifier);
-  if (engine.engine == nullptr) return 1;
+  if (engine.engine == nullptr) {
+    std::cerr << engine.reason << std::endl;
+    return 1;
+  }
 
   app::WindowStart start;
   start.settings = settingsFor(values[1]);
