@@ -16,6 +16,12 @@ void printMessage(std::ostream& out, const run::Message& message) {
   out << message.title << ": " << message.text << std::endl;
 }
 
+void printUnopenedWindow(std::ostream& out, const std::vector<run::Message>& messages, const std::string& reason) {
+  for (const run::Message& message : messages) printMessage(out, message);
+  printMessage(out, {.text = "The main window could not be opened; use -B or -Q to convert without it.\n" + reason,
+                     .title = "Missing Component"});
+}
+
 void ConsolePerson::endProgress() {
   if (progressShown_) err_ << kClearLine << std::flush;
   progressShown_ = false;

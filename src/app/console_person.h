@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstdint>
 #include <ostream>
+#include <string>
 #include <vector>
 
 #include "run/person.h"
@@ -13,6 +14,9 @@ namespace tovak::app {
 
 /// Prints a message as "title: text".
 void printMessage(std::ostream& out, const run::Message& message);
+
+/// Prints what a window that could not be opened would have shown, and why it is not there.
+void printUnopenedWindow(std::ostream& out, const std::vector<run::Message>& messages, const std::string& reason);
 
 class ConsolePerson final : public run::Person {
  public:

@@ -75,9 +75,7 @@ ExitStatus runWindow(const Preparation& prepared, std::vector<run::Message> mess
   start.version = TOVAK_VERSION;
   std::string reason;
   if (io.window(start, reason)) return start.engine == nullptr ? kStoppedByMessage : kFinished;
-  for (const run::Message& message : start.messages) printMessage(io.err, message);
-  printMessage(io.err, {.text = "The main window could not be opened; use -B or -Q to convert without it.\n" + reason,
-                        .title = "Missing Component"});
+  printUnopenedWindow(io.err, start.messages, reason);
   return kCommandLineProblem;
 }
 

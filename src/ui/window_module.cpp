@@ -1,9 +1,14 @@
 // The module TovakWindow: the main window behind the one function that it exports.
 #include <QApplication>
 #include <QTimer>
+#include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <iostream>
 #include <string>
 
+#include "app/console_person.h"
+#include "app/program.h"
 #include "app/window_start.h"
 #include "ui/message_box.h"
 #include "ui/tovak.h"
@@ -12,12 +17,26 @@ namespace {
 
 using tovak::app::WindowStart;
 
+const WindowStart* opening = nullptr;  ///< what waits for a display
+
+/// Qt ends the program where the display that is named cannot be used. What there is to say is printed before.
+void takeQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (type == QtFatalMsg) {
+    tovak::app::printUnopenedWindow(std::cerr, opening->messages, "The display cannot be used.");
+    std::_Exit(tovak::app::kCommandLineProblem);
+  }
+  std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
 void openWindow(const WindowStart& start) {
   int count = 1;
   char name[] = "tovak";
   char* arguments[] = {name, nullptr};
   QApplication::setStyle("Fusion");
+  opening = &start;
+  qInstallMessageHandler(takeQtMessage);
   QApplication application(count, arguments);
+  qInstallMessageHandler(nullptr);
   if (start.engine == nullptr) {
     for (const tovak::run::Message& message : start.messages) tovak::ui::showMessage(nullptr, message);
     return;

@@ -16,12 +16,12 @@ using tests::contentsOf;
 
 class Executable : public testing::Test {
  protected:
-  pid_t start(const std::string& source) const {
+  pid_t start(const std::string& source, const char* target = "-TF2") const {
     const pid_t child = fork();
     if (child != 0) return child;
     const char* const program = TOVAK_BINARY_FOLDER "/tovak";
     dup2(open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644), STDERR_FILENO);
-    execl(program, program, source.c_str(), out.c_str(), "-B", "-SF2", "-SP1", "-SUE", "-TF2", "-TP5", "-TUE", "-A4",
+    execl(program, program, source.c_str(), out.c_str(), "-B", "-SF2", "-SP1", "-SUE", target, "-TP5", "-TUE", "-A4",
           nullptr);
     _exit(127);
   }
@@ -38,6 +38,17 @@ TEST_F(Executable, TakesNamesWithBlanksFromItsArguments) {
   waitpid(start(folder.write("a b.csv", "45.5,-93.5,A\n")), &status, 0);
   EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
   EXPECT_EQ(contentsOf(err), "1 record read: 1 converted, 0 skipped, 0 passed over\n");
+}
+
+TEST_F(Executable, SaysOnADisplayThatCannotBeUsedWhatTheWindowWouldHaveSaid) {
+  const tests::EnvironmentVariable platform("QT_QPA_PLATFORM", "xcb");
+  const tests::EnvironmentVariable display("DISPLAY", folder.file("none").c_str());
+  waitpid(start(folder.write("in.csv", "45.5,-93.5,A\n"), "-TF99"), &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 2) << status;
+  EXPECT_NE(contentsOf(err).find("Command Line Error: Improper Target File Format Was Specified.\n"
+                                 "Missing Component: The main window could not be opened;"),
+            std::string::npos)
+      << contentsOf(err);
 }
 
 TEST_F(Executable, LeavesTheOldTargetWhenItIsKilledMidway) {
