@@ -9,7 +9,8 @@
 namespace tovak::report {
 namespace {
 
-constexpr std::size_t kMostColumns = 132;
+/// Wider lines would make the letters of a whole report small, as the reason of a refused point is wide.
+constexpr std::size_t kMostColumns = 100;
 
 /// A page that needs no more lines than this is kept on one sheet, in smaller letters; longer ones are cut into sheets
 /// of an ordinary height.

@@ -23,7 +23,7 @@ struct SheetSize {
   int sheets = 0;
 };
 
-/// Cuts a file at its form feeds, one sheet a page. A line of more than 132 characters goes on in the next; a page of
+/// Cuts a file at its form feeds, one sheet a page. A line of more than 100 characters goes on in the next; a page of
 /// more lines than can be read on one sheet goes on on the next. Any bytes will do, and memory does not grow with the
 /// file.
 class ReportSheets {

@@ -109,7 +109,7 @@ TEST_F(ReportPrinting, PrintsTheReportOfTheRunUnlessCancelled) {
 }
 
 TEST_F(ReportPrinting, KeepsTheWidestLineAndTheTallestPageOnThePaper) {
-  const std::string wide(132, 'w');
+  const std::string wide(100, 'w');
   std::string tall = "line\n";
   while (tall.size() < std::size_t{5 * 96}) tall += "line\n";
   for (const std::string& text : {wide, wide + "\n" + tall.substr(5)}) {
