@@ -56,7 +56,7 @@ struct RunSettings {
 
   bool reportEnabled = false;
   bool printReport = false;
-  bool appendReport = false;
+  bool appendReport = true;  ///< the report of a day keeps its earlier runs
   std::string reportFileName;
   std::string reportDescription;  ///< one line of the person's own, may be empty
 

@@ -61,7 +61,7 @@ TEST_F(WindowStartTest, OpensEmptyWithTheReportOfTheDay) {
   EXPECT_EQ(run(" "), kFinished);
   ASSERT_EQ(opened.size(), 1U);
   const run::RunSettings& settings = opened[0].settings;
-  EXPECT_TRUE(opened[0].messages.empty() && opened[0].hasEngine && settings.reportEnabled);
+  EXPECT_TRUE(opened[0].messages.empty() && opened[0].hasEngine && settings.reportEnabled && settings.appendReport);
   EXPECT_EQ(settings.reportFileName, folder.file("AppData/QrAppsData/Tovak11-21-2026.rpt"));
   EXPECT_EQ(settings.TargetProjectionCode, 1);
   EXPECT_EQ(opened[0].definitionsFile, folder.file("AppData/QrAppsData/Tovak.cdf"));
