@@ -85,9 +85,17 @@ TEST(CoordsLog, TakesABlockOfLinesAsAPoint) {
     return reading("1\n" + value("LAT=", text) + value("LON=", text) + "\n", both, 103).points;
   });
   const Show name = [](const PointRecord& p) { return p.pointNumber + '|' + p.description; };
-  const Case keyed[] = {{"00011234 PIN", "1234|PIN"}, {"00010000 PIN", "0001|0000 PIN"},
-                        {"0001 7A", "7A|"},           {"0001", "0001|"},
-                        {"0001  12PIN", "12PI|N"},    {"0001-12 PIN", "0001|-12 PIN"}};
+  const Case keyed[] = {{"00011234 PIN", "1234|PIN"},
+                        {"00010000 PIN", "0001|0000 PIN"},
+                        {"0001 7A", "7A|"},
+                        {"0001", "0001|"},
+                        {"0001  12PIN", "12PI|N"},
+                        {"0001-12 PIN", "0001|-12 PIN"},
+                        {"0001123\xC3\xA4 PIN", "123\xC3\xA4|PIN"},
+                        {"R\xC3\xB6"
+                         "12HILL",
+                         "R\xC3\xB6"
+                         "12|HILL"}};
   expectEach(keyed, [&](const std::string& line) {
     return reading(line + "\n\n", name, 4, makeCoordsLogNumberInDescriptionReader).points;
   });
@@ -147,7 +155,8 @@ TEST(TrimbleWaypoints, NameAPointByTheFirstFieldThatHoldsText) {
   // The preferred field, number, description and station; then the name.
   for (const char* texts :
        {"PN;1;D;S;1", "PD;1;D;S;D", "ST;1;D;S;S", "ST;1;D;;1", "ST;;D;;D", "PD;1;;S;1", "PN;;;S;S", "PD;;;;",
-        "PD;1;TWELVE CHARS;;TWELVE CHAR", "PD;;\"TWELVE CHARS\";;TWELVE CHAR", "PD;;A \"B\";;A \"B", "PD;1;\";S;"}) {
+        "PD;1;TWELVE CHARS;;TWELVE CHAR", "PD;;\"TWELVE CHARS\";;TWELVE CHAR", "PD;;A \"B\";;A \"B", "PD;1;\";S;",
+        "PD;1;HIGHWAY \xC3\x84\xC3\x96\xC3\x9C\xC3\x9F;;HIGHWAY \xC3\x84\xC3\x96\xC3\x9C"}) {
     run::RunSettings settings = settingsFor(4);
     PointRecord point = pointAt(1, 2);
     std::string name;

@@ -10,6 +10,7 @@
 
 #include "run/projection_code.h"
 #include "run/run_messages.h"
+#include "text/characters.h"
 #include "text/fixed_columns.h"
 #include "text/number.h"
 #include "text/strings.h"
@@ -178,10 +179,10 @@ class CoordsLogReader final : public run::PointReader {
   }
 
   void takeName(run::PointRecord& point, std::string_view line) const {
-    std::string_view number = text::columns(line, 1, kNumberLength);
-    std::string_view description = text::trimBlanks(text::columnsFrom(line, kNumberLength + 1));
+    std::string_view number = text::firstCharacters(line, kNumberLength);
+    std::string_view description = text::trimBlanks(line.substr(number.size()));
     if (numberInDescription_) {
-      const std::string_view keyed = description.substr(0, kNumberLength);
+      const std::string_view keyed = text::firstCharacters(description, kNumberLength);
       if (text::leadingNumber(keyed) > 0.0) {
         number = keyed;
         description = text::trimBlanks(description.substr(keyed.size()));

@@ -7,6 +7,7 @@
 #include "run/labels.h"
 #include "run/projection_code.h"
 #include "text/angle.h"
+#include "text/characters.h"
 #include "text/number.h"
 
 namespace tovak::formats {
@@ -66,7 +67,7 @@ class TrimbleWaypointWriter final : public run::PointWriter {
     }
     if (name.starts_with('"')) name.remove_prefix(1);
     if (name.ends_with('"')) name.remove_suffix(1);
-    return name.substr(0, kNameLength);
+    return text::firstCharacters(name, kNameLength);
   }
 
   text::LineWriter& lines_;

@@ -12,7 +12,7 @@ namespace tovak::formats {
 /// unknown one: 300 metres or 1000 feet stand for it.
 ///
 /// The name is the field that `waypointName` prefers, else the number, the description, the station, whichever is not
-/// empty first. It loses the double quotes at its ends, is cut to 11 bytes, and stands in quotes of its own.
+/// empty first. It loses the double quotes at its ends, is cut to 11 characters, and stands in quotes of its own.
 std::unique_ptr<run::PointWriter> makeTrimbleWaypointWriter(const run::TargetContext& context);
 
 }  // namespace tovak::formats
