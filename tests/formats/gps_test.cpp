@@ -66,7 +66,7 @@ TEST(CoordsLog, ChecksTheHeaderAgainstTheSourceProjection) {
 }
 
 TEST(CoordsLog, TakesABlockOfLinesAsAPoint) {
-  const std::string grid = value("Y=", "1500.25") + value("X=", " 2000 ");
+  const std::string grid = value("Y=", "1,500.25") + value("X=", " 2000 ");
   const Case cases[] = {
       {" \n1234  HILL \r\n" + value("ELL HT=", "-27.10 m") + grid + value("ORTHO HT=", " 81.5"),
        "1234|HILL|1500.25|2000|81.5|2|-27.10|0|4"},

@@ -231,7 +231,7 @@ class CoordsLogReader final : public run::PointReader {
   }
 
   bool takeGrid(double& coordinate, const Value& value) {
-    const std::optional<double> number = text::strictNumber(value.text);
+    const std::optional<double> number = text::thousandsNumber(value.text, scratch_);
     if (!number) {
       complain("Invalid northing or easting in the Trimble Coords.log file.\n" +
                run::messages::lineOfFile(value.line, lines_.fileName()));
@@ -248,6 +248,7 @@ class CoordsLogReader final : public run::PointReader {
   const bool angles_;
   const bool numberInDescription_;
   std::array<Value, kValueLines.size()> values_;
+  std::string scratch_;
 };
 
 }  // namespace

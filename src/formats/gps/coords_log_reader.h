@@ -13,8 +13,9 @@ namespace tovak::formats {
 /// counts as if it had a zero in front.
 ///
 /// The header has to name NAD-83 and, for latitude/longitude and state plane sources, their system and zone: the check
-/// says what it misses. A value that a block does not have is 0. A northing or easting that is no number stops the run.
-/// A block without a blank line behind it is no point: the listing was cut off.
+/// says what it misses. A value that a block does not have is 0. A northing or easting may have commas between its
+/// thousands; one that is no number stops the run. A block without a blank line behind it is no point: the listing was
+/// cut off.
 std::unique_ptr<run::PointReader> makeCoordsLogReader(const run::SourceContext& context);
 
 /// The same for crews that key the point number into the start of the description: where its first four characters
