@@ -11,6 +11,7 @@ EnabledControls enabledControls(const Selections& selections, const run::FormatT
   const run::RunSettings& settings = selections.run;
   // Agency batch runs take systems, angles and numbers from their own files, and write no report.
   const bool ordinary = !isAgencyRun(selections, formats);
+  const bool database = settings.sourceFormat == run::source::GeodeticCsv;
   return {
       .sourceFile = formats.sources[static_cast<std::size_t>(settings.sourceFormat)].kind != run::SourceKind::Keyboard,
       .targetFile = formats.targets[static_cast<std::size_t>(settings.targetFormat)].kind != run::TargetKind::Screen,
@@ -20,9 +21,10 @@ EnabledControls enabledControls(const Selections& selections, const run::FormatT
       .targetUnits = !ordinary || settings.TargetProjectionCode != run::kUserDefinedProject,
       .latLongForm = ordinary && settings.latLongFormChosen,
       .ordinaryOptions = ordinary,
+      .verticalDatum = ordinary && !(database && settings.geodeticCsv.vertical != 0),
       .nextNumber = ordinary && !settings.allowBlankPointNumbers,
       .report = ordinary && settings.reportEnabled,
-      .database = settings.sourceFormat == run::source::GeodeticCsv,
+      .database = database,
   };
 }
 

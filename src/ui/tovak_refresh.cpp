@@ -121,7 +121,7 @@ void frmTovak::refreshEnabled() {
       {f.cmdTargetLayout, targetDelimited},
       {f.frameLLfmt, enabled.latLongForm},
       {f.frameAdjustment, enabled.ordinaryOptions},
-      {f.frameVertical, enabled.ordinaryOptions},
+      {f.frameVertical, enabled.verticalDatum},
       {f.frameNumbering, enabled.ordinaryOptions},
       {f.txtNextNumber, enabled.nextNumber},
       {f.txtIncrement, enabled.nextNumber},

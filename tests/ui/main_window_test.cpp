@@ -343,6 +343,7 @@ TEST_F(MainWindow, ReadsTheDatabaseFromDroppedMapSheets) {
   EXPECT_TRUE(widget<QWidget>("frameSrcCsvPrj").isVisible() && !widget<QWidget>("frameSrcMapPrj").isVisible());
   EXPECT_TRUE(!widget<QLineEdit>("txtSourceFile").isVisible() && widget<QRadioButton>("adjNonebtn").isChecked());
   EXPECT_EQ(widget<QComboBox>("lstCsvVertical").currentText(), "NGVD29");
+  EXPECT_TRUE(widget<QRadioButton>("btnNgvd29").isChecked() && !widget<QWidget>("frameVertical").isEnabled());
 
   click("cmdExecute");
   EXPECT_EQ(dialogs.boxes.back().text, "You must select a horizontal reference option.");
