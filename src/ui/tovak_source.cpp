@@ -61,6 +61,7 @@ void frmTovak::refreshDatabase() {
 }
 
 void frmTovak::chooseDatabase() {
+  statusBar()->clearMessage();
   const auto ask = [this](const run::Message& question) { return askOrCancel(this, question); };
   selection::DatabaseOutcome outcome;
   {

@@ -387,6 +387,12 @@ TEST_F(MainWindow, OffersAFileForTheDatabase) {
   start.settings.source.fileName = sheet;
   open().completeStart();
   EXPECT_EQ(widget<QComboBox>("lstHorizontal").count(), 1);
+  start.settings.source.fileName = folder.file("ELMW2.csv");
+  start.mapSheetCodes = "ELMW1";
+  open().completeStart();
+  EXPECT_EQ(status(), "No file of the geodetic database was found.");
+  drop("txtSourceFile", sheet);
+  EXPECT_EQ(status(), "");
 }
 
 TEST_F(MainWindow, ShowsWhatTheProgramHasToSayAtItsStart) {
