@@ -1,6 +1,7 @@
 #include "app/account_line.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <string_view>
 
 #include "text/number.h"
@@ -21,6 +22,7 @@ void appendItem(std::string& list, const run::Tally& tally, std::string_view wha
   if (!tellLine) return;
   list += ", first in line ";
   appendCount(list, tally.firstLine, "");
+  if (!tally.firstFile.empty()) list += " of " + std::filesystem::path(tally.firstFile).filename().string();
 }
 
 std::string skippedList(const run::RecordCounts& counts) {

@@ -2,8 +2,10 @@
 
 namespace tovak::run {
 
-void addTo(Tally& tally, std::uint64_t line) {
-  if (tally.count++ == 0) tally.firstLine = line;
+void addTo(Tally& tally, std::uint64_t line, std::string_view file) {
+  if (tally.count++ != 0) return;
+  tally.firstLine = line;
+  tally.firstFile = file;
 }
 
 std::uint64_t recordsRead(const RecordCounts& counts) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace tovak::run {
 
@@ -10,9 +11,10 @@ namespace tovak::run {
 struct Tally {
   std::uint64_t count = 0;
   std::uint64_t firstLine = 0;
+  std::string firstFile = {};  ///< of that line, where the source is several files; else empty
 };
 
-void addTo(Tally& tally, std::uint64_t line);
+void addTo(Tally& tally, std::uint64_t line, std::string_view file = {});
 
 struct RecordCounts {
   std::uint64_t converted = 0;

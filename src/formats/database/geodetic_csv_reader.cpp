@@ -36,7 +36,7 @@ class GeodeticCsvReader final : public run::PointReader {
     std::string_view line;
     while (stream_.next(line)) {
       if (run::Tally* const reason = take(line, point)) {
-        run::addTo(*reason, lines_.lineNumber());
+        run::addTo(*reason, lines_.lineNumber(), choice_.sheets.size() > 1 ? lines_.fileName() : std::string_view());
         continue;
       }
       point.sourceLine = lines_.lineNumber();
