@@ -101,7 +101,7 @@ std::string faultOf(const UserProject& project) {
   if (text::trimBlanks(project.name).empty()) return "the project has no name";
   if (project.name.size() > kLongestName) return "the name is longer than 80 characters";
   // The sign ends the name where name and projection text are handed over in one text.
-  if (project.name.find('~') != std::string::npos) return "the name holds a \"~\"";
+  if (project.name.find('~') != std::string::npos) return "the name holds a tilde";
   if (project.name.find("None Selected") != std::string::npos) return "\"None Selected\" stands for no project";
   if (text::trimBlanks(project.definition).empty()) return "the project has no definition";
   if (project.definition.size() > kLongestDefinition) return "the definition is longer than 8192 characters";

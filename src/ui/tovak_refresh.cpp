@@ -20,8 +20,10 @@ namespace tovak::ui {
 
 using selection::Side;
 
-/// The user-defined project has a unit of its own, which is that of every side it is chosen for.
+/// The user-defined project has a unit of its own, which is that of every side it is chosen for. An agency batch run
+/// takes no system from the boxes, and its unit is the person's choice.
 void frmTovak::followProject() {
+  if (selection::isAgencyRun(selections_, start_.formatTables)) return;
   for (const SideWidgets& side : sides_) {
     if (selection::projectionBox(selections_, side.side).code != run::kUserDefinedProject) continue;
     const std::string project = engine_.GetProjectionData(-run::kUserDefinedProject);

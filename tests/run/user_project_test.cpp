@@ -38,7 +38,7 @@ TEST(UserProject, ReportsWhatIsWrongWithItsFile) {
       Row("unit=ft", ": line 1: the unit is neither"),
       Row("name=\ndefinition=x\nunit=feet", ": the project has no name"),
       Row("name=A\ndefinition=\nunit=feet", ": the project has no definition"),
-      Row("name=A~B\ndefinition=x\nunit=feet", ": the name holds a"),
+      Row("name=A~B\ndefinition=x\nunit=feet", ": the name holds a tilde"),
       Row("name=None Selected\ndefinition=x\nunit=feet", ": \"None Selected\""),
       Row("name=A\ndefinition=\tx\nunit=feet", ": name and definition hold no"),
       Row("name=" + std::string(81, 'A') + "\ndefinition=x\nunit=feet", ": the name is longer"),

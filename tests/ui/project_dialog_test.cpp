@@ -6,6 +6,7 @@
 #include "formats/delimited/built_in_formats.h"
 #include "formats/format_tables.h"
 #include "run/conversion_run.h"
+#include "run/format_index.h"
 #include "run/user_project.h"
 #include "support/dialog_script.h"
 #include "support/environment.h"
@@ -82,6 +83,18 @@ TEST(ProjectDialog, StoresWhatTheEngineTakesAndTheSidesFollow) {
   });
   control<QAction>(window, "mnuToolsProject").trigger();
   EXPECT_TRUE(control<QAbstractButton>(window, "btnTargetEnglish").isChecked());
+  EXPECT_EQ(window.selections().run.target.projectionText, "263");
+
+  // The unit of an agency's table is chosen, whatever system was chosen before it.
+  const auto chooseSource = [&window](int index) {
+    control<QComboBox>(window, "lstSourceFormat").setCurrentIndex(index);
+    emit control<QComboBox>(window, "lstSourceFormat").activated(index);
+  };
+  box(window, "txtSourceFile").setText(QString::fromStdString(folder.file("in.csv")));
+  chooseSource(run::source::GeodeticsSpecial);
+  EXPECT_TRUE(control<QAbstractButton>(window, "btnTargetMetric").isChecked());
+  EXPECT_EQ(window.selections().run.target.projectionText, "263M");
+  chooseSource(run::source::CommaDelimited);
   EXPECT_EQ(window.selections().run.target.projectionText, "263");
 
   // A file that was damaged is seen at the side and in the dialog.
