@@ -43,6 +43,7 @@ class Report : public testing::Test {
     settings.source.fileName = "/data/in.csv";
     settings.target.fileName = "/data/out.csv";
     settings.reportFileName = folder.file("day.rpt");
+    settings.appendReport = false;
     point.pointNumber = "101";
     point.description = "ALDER BRIDGE";
     point.InNorthLat = 45.50430555555556;

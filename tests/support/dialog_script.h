@@ -12,6 +12,8 @@
 #include <utility>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 namespace tovak::tests {
 
 class DialogScript {
@@ -49,9 +51,11 @@ class DialogScript {
       const auto action = std::move(steps_.front().second);
       steps_.pop_front();
       action(*dialog);
+    } else if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
+      box->done(QMessageBox::Ok);
     } else {
-      dialog->accept();
-      if (auto* const box = qobject_cast<QMessageBox*>(dialog)) box->done(QMessageBox::Ok);
+      ADD_FAILURE() << "no dialog " << name.toStdString() << " was expected";
+      dialog->reject();
     }
   }
 

@@ -356,7 +356,8 @@ TEST_F(MainWindow, ReadsTheDatabaseFromDroppedMapSheets) {
   EXPECT_EQ(window->focusWidget(), &widget<QComboBox>("lstCsvZone"));
   emit widget<QComboBox>("lstCsvZone").textActivated("South");
   click("cmdExecute");
-  EXPECT_EQ(status(), "3 records read: 2 converted, 0 skipped, 1 passed over (1 of another zone, first in line 1 of ALDR1.csv)");
+  EXPECT_EQ(status(),
+            "3 records read: 2 converted, 0 skipped, 1 passed over (1 of another zone, first in line 1 of ALDR1.csv)");
 
   // Another sheet begins anew.
   drop("txCsvtSrcFile", lone);

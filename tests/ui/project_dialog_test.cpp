@@ -90,7 +90,7 @@ TEST(ProjectDialog, StoresWhatTheEngineTakesAndTheSidesFollow) {
     control<QComboBox>(window, "lstSourceFormat").setCurrentIndex(index);
     emit control<QComboBox>(window, "lstSourceFormat").activated(index);
   };
-  box(window, "txtSourceFile").setText(QString::fromStdString(folder.file("in.csv")));
+  emit box(window, "txtSourceFile").textEdited(QString::fromStdString(folder.file("in.csv")));
   chooseSource(run::source::GeodeticsSpecial);
   EXPECT_TRUE(control<QAbstractButton>(window, "btnTargetMetric").isChecked());
   EXPECT_EQ(window.selections().run.target.projectionText, "263M");
