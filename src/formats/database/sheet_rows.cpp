@@ -19,13 +19,7 @@ constexpr std::size_t kStationIdentifier = 14;
 /// The values of NAD83(2011) stand behind all others.
 constexpr std::size_t kNad83Of2011 = 15;
 
-/// Takes the next field off a line.
-std::string_view takeField(std::string_view& line) {
-  const std::size_t comma = line.find(',');
-  const std::string_view field = text::trimBlanks(line.substr(0, comma));
-  line = comma == std::string_view::npos ? std::string_view() : line.substr(comma + 1);
-  return field;
-}
+constexpr char kSeparator = ',';
 
 }  // namespace
 
@@ -33,7 +27,7 @@ GeodeticCsvColumnMap columnsOf(std::string_view headings) {
   GeodeticCsvColumnMap map;
   std::iota(map.columns.begin(), map.columns.end(), std::size_t{1});
   do {
-    const std::string_view heading = takeField(headings);
+    const std::string_view heading = text::trimBlanks(text::takeField(headings, kSeparator));
     ++map.columnCount;
     const auto* const found = std::find(kHeadings.begin(), kHeadings.end(), heading);
     if (found != kHeadings.end()) map.columns[static_cast<std::size_t>(found - kHeadings.begin())] = map.columnCount;
@@ -74,8 +68,10 @@ RowSplitter::RowSplitter(const GeodeticCsvColumnMap& map) {
 void RowSplitter::split(std::string_view line, SheetRow& row) const {
   row.fields.fill({});
   for (const int field : fieldOfColumn_) {
-    const std::string_view text = takeField(line);
-    if (field >= 0) row.fields[static_cast<std::size_t>(field)] = text;
+    // The headings may be of many more columns than the row is.
+    if (line.empty()) break;
+    const std::string_view value = text::takeField(line, kSeparator);
+    if (field >= 0) row.fields[static_cast<std::size_t>(field)] = text::trimBlanks(value);
   }
 }
 
