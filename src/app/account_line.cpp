@@ -14,15 +14,19 @@ void appendCount(std::string& line, std::uint64_t count, std::string_view what) 
   line += what;
 }
 
+/// Appends where the first of several records is.
+void appendPlace(std::string& list, std::uint64_t line, const std::string& file) {
+  list += "first in line ";
+  appendCount(list, line, "");
+  if (!file.empty()) list += " of " + std::filesystem::path(file).filename().string();
+}
+
 /// Appends one item of a list in brackets.
 void appendItem(std::string& list, const run::Tally& tally, std::string_view what, bool tellLine) {
   if (tally.count == 0) return;
   if (!list.empty()) list += "; ";
   appendCount(list, tally.count, what);
-  if (!tellLine) return;
-  list += ", first in line ";
-  appendCount(list, tally.firstLine, "");
-  if (!tally.firstFile.empty()) list += " of " + std::filesystem::path(tally.firstFile).filename().string();
+  if (tellLine) appendPlace(list += ", ", tally.firstLine, tally.firstFile);
 }
 
 std::string skippedList(const run::RecordCounts& counts) {
@@ -30,9 +34,8 @@ std::string skippedList(const run::RecordCounts& counts) {
   appendItem(list, counts.refusedByEngine, " by the engine", false);
   appendItem(list, counts.refusedAngle, " for an angle", false);
   appendItem(list, counts.refusedCounty, " for a county, zone or datum", false);
-  list += "; first in line ";
-  appendCount(list, counts.firstSkippedLine, ": ");
-  return list + counts.firstSkipReason;
+  appendPlace(list += "; ", counts.firstSkippedLine, counts.firstSkippedFile);
+  return list + ": " + counts.firstSkipReason;
 }
 
 std::string passedOverList(const run::RecordCounts& counts) {

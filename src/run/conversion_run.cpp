@@ -57,6 +57,9 @@ class ConversionRun {
   bool stopForOutputs() { return stop(systemMessage(outputs_.error())); }
 
   bool interactive() const { return settings_.BatchMode == 0; }
+  bool readsSeveralFiles() const {
+    return settings_.sourceFormat == source::GeodeticCsv && settings_.geodeticCsv.sheets.size() > 1;
+  }
   void report(const Message& message);
   bool stop(const Message& message);
 
@@ -273,7 +276,8 @@ bool ConversionRun::interpretAngles(PointRecord& point) const {
 }
 
 bool ConversionRun::skip(const PointRecord& point, Tally& tally, const std::string& reason) {
-  countSkipped(result_.counts, tally, point.sourceLine, reason);
+  countSkipped(result_.counts, tally, point.sourceLine, reason,
+               readsSeveralFiles() ? sourceLines_.fileName() : std::string_view());
   if (!outputs_.writeRefused(point, reason)) return stopForOutputs();
   if (interactive()) person_.show(messages::pointRefused(reason, sourceLines_.fileName(), point.sourceLine));
   return true;

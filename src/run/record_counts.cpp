@@ -21,12 +21,14 @@ std::uint64_t recordsPassedOver(const RecordCounts& counts) {
          counts.otherZone.count;
 }
 
-void countSkipped(RecordCounts& counts, Tally& tally, std::uint64_t line, const std::string& reason) {
+void countSkipped(RecordCounts& counts, Tally& tally, std::uint64_t line, const std::string& reason,
+                  std::string_view file) {
   if (recordsSkipped(counts) == 0) {
     counts.firstSkippedLine = line;
+    counts.firstSkippedFile = file;
     counts.firstSkipReason = reason;
   }
-  addTo(tally, line);
+  addTo(tally, line, file);
 }
 
 }  // namespace tovak::run

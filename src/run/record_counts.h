@@ -23,6 +23,7 @@ struct RecordCounts {
   Tally refusedAngle;   ///< a latitude or longitude that is no angle
   Tally refusedCounty;  ///< a county, county zone or datum that is unknown or not told
   std::uint64_t firstSkippedLine = 0;
+  std::string firstSkippedFile;  ///< where the source is several files; else empty
   std::string firstSkipReason;
 
   Tally withoutDelimiter;
@@ -39,7 +40,8 @@ std::uint64_t recordsSkipped(const RecordCounts& counts);
 /// Lines that are no points.
 std::uint64_t recordsPassedOver(const RecordCounts& counts);
 
-/// Counts a refused point under `tally`, and keeps line and reason of the first.
-void countSkipped(RecordCounts& counts, Tally& tally, std::uint64_t line, const std::string& reason);
+/// Counts a refused point under `tally`, and keeps line, reason and file of the first.
+void countSkipped(RecordCounts& counts, Tally& tally, std::uint64_t line, const std::string& reason,
+                  std::string_view file = {});
 
 }  // namespace tovak::run

@@ -327,7 +327,7 @@ TEST_F(MainWindow, TakesWhatADroppedFileSaysOfItself) {
 TEST_F(MainWindow, ReadsTheDatabaseFromDroppedMapSheets) {
   const auto station = [](const char* zone) { return std::string("HILL,,,,,,,,,,,,7,") + zone + ",G1,45.3,93.3\n"; };
   const std::string one = folder.write("ALDR1.csv", station("Alder - North") + station("Alder - South"));
-  folder.write("ALDR2.csv", station("Alder - South"));
+  folder.write("ALDR2.csv", station("Alder - South") + "NO ANGLE,,,,,,,,,,,,,Alder - South,G2,45.6,93.3\n");
   const std::string lone = folder.write("OAKH1.csv", "HILL,45.3,93.3,,,,,,,,,,,,G1,,\n");
   start.mapSheetCodes = "ALDR1~OAKH1";
   presetFiles("");
@@ -356,8 +356,11 @@ TEST_F(MainWindow, ReadsTheDatabaseFromDroppedMapSheets) {
   EXPECT_EQ(window->focusWidget(), &widget<QComboBox>("lstCsvZone"));
   emit widget<QComboBox>("lstCsvZone").textActivated("South");
   click("cmdExecute");
-  EXPECT_EQ(status(),
-            "3 records read: 2 converted, 0 skipped, 1 passed over (1 of another zone, first in line 1 of ALDR1.csv)");
+  EXPECT_EQ(
+      status(),
+      "4 records read: 2 converted, 1 skipped (1 for an angle; first in line 2 of ALDR2.csv: The minutes or seconds "
+      "of a latitude or longitude are not below 60.), 1 passed over (1 of another zone, first in line 1 of "
+      "ALDR1.csv)");
 
   // Another sheet begins anew.
   drop("txCsvtSrcFile", lone);
