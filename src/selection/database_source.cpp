@@ -12,6 +12,7 @@
 #include "run/format_index.h"
 #include "selection/database_choices.h"
 #include "text/strings.h"
+#include "text/system_error.h"
 
 namespace tovak::selection {
 namespace {
@@ -33,8 +34,10 @@ DatabaseOutcome chooseDatabaseSource(Selections& selections, const run::FormatTa
     return outcome;
   };
   const std::string path(text::trimBlanks(settings.source.fileName));
-  std::error_code unknown;
-  if (!std::filesystem::exists(path, unknown)) return leave({.missing = true, .problem = std::nullopt});
+  std::error_code error;
+  const bool there = std::filesystem::exists(path, error);
+  if (error) return leave({.problem = run::systemMessage(text::systemErrorText(path, error.value()))});
+  if (!there) return leave({.missing = true, .problem = std::nullopt});
   formats::MapSheetSearch search = formats::findMapSheets(path);
   if (search.problem) return leave({.problem = std::move(search.problem)});
   if (search.sheets.empty()) return leave({.missing = true, .problem = std::nullopt});

@@ -21,7 +21,7 @@ using Ask = std::function<run::Answer(const run::Message& question)>;
 /// person is asked whether they are all meant. No adjustment is chosen then, and the lists hold what the sheets have.
 ///
 /// The source becomes the keyboard, and the lists stay as they were, when the file is not there, the question was
-/// cancelled, or there is a problem: a path without ".csv", too many sheets, a sheet that cannot be read.
+/// cancelled, or there is a problem: a path without ".csv", too many sheets, a file that cannot be reached or read.
 DatabaseOutcome chooseDatabaseSource(Selections& selections, const run::FormatTables& formats, const Ask& ask);
 
 }  // namespace tovak::selection

@@ -29,8 +29,9 @@ TEST(DatabaseSource, AsksWhichSheetsAreMeantAndBecomesTheKeyboardWithoutAny) {
   folder.write("LONG1.csv", std::string((1 << 20) + 1, 'x'));
   const std::string both = "2 map sheets for this county.\nDo you want to process both?";
   const std::string three = "3 map sheets for this county.\nDo you want to process all 3?";
+  const std::string overlong = std::string(300, 'x') + ".csv";
   const struct {
-    const char* file;
+    std::string file;
     Answer answer;
     std::string question;
     std::vector<std::string> sheets;  ///< none: the keyboard
@@ -44,6 +45,7 @@ TEST(DatabaseSource, AsksWhichSheetsAreMeantAndBecomesTheKeyboardWithoutAny) {
                {"OAKH1.csv", Answer::Cancel, three, {}, ""},
                {"points.txt", Answer::Yes, "", {}, "", "The source file is not a CSV file."},
                {"LONG1.csv", Answer::Yes, "", {}, "", folder.file("LONG1.csv") + ": line 1 is longer than 1 MiB"},
+               {overlong, Answer::Yes, "", {}, "", folder.file(overlong) + ": File name too long"},
                {"gone.csv", Answer::Yes, "", {}, "", "", true}};
   const run::FormatTables formats = formats::formatTables();
   Selections selections;
