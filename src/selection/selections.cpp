@@ -90,7 +90,7 @@ FormatOutcome chooseTargetFormat(Selections& selections, const run::FormatTables
   run::RunSettings& settings = selections.run;
   settings.targetFormat = format;
   const run::TargetFormat& card = formats.targets[static_cast<std::size_t>(format)];
-  if (card.forcesLatLong) typeProjection(selections, Side::Target, "0");
+  if (card.forcesLatLong) pickProjection(selections, Side::Target, run::kLatLongNad83);
   for (const AgencyPair& pair : kAgencyPairs) {
     if (pair.target != format) continue;
     settings.sourceFormat = pair.source;

@@ -129,6 +129,10 @@ TEST(Selections, FollowFromWhatIsChosen) {
 
       {"target of DeLorme", {.targetBox = "4"}, target(T::DeLorme), {S::Keyboard, T::DeLorme, "0", "0"}},
       {"target of Maptech", {.targetBox = "4M"}, target(T::Maptech), {S::Keyboard, T::Maptech, "0", "0M"}},
+      {"target of Maptech that was geographic",
+       {.targetBox = "0M"},
+       target(T::Maptech),
+       {S::Keyboard, T::Maptech, "0", "0M"}},
       {"target of WayPoints+",
        {.targetBox = "107"},
        target(T::WayPointsPlus),
