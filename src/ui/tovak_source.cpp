@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
+#include <QUrl>
 #include <utility>
 
 #include "formats/database/map_sheets.h"
@@ -23,9 +24,10 @@ namespace {
 
 using selection::Side;
 
-/// A file that was dropped, or an empty text.
+/// A file that was dropped, or an empty text. A list of addresses can be empty.
 QString droppedFile(const QMimeData& data) {
-  return data.hasUrls() ? data.urls().front().toLocalFile() : QString();
+  const QList<QUrl> addresses = data.urls();
+  return addresses.isEmpty() ? QString() : addresses.front().toLocalFile();
 }
 
 }  // namespace

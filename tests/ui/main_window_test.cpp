@@ -83,8 +83,11 @@ class MainWindow : public testing::Test {
   }
   /// As a file manager does: the window finds out what lies under the pointer.
   void drop(const char* name, const std::string& file) {
+    drop(name, QList<QUrl>{QUrl::fromLocalFile(QString::fromStdString(file))});
+  }
+  void drop(const char* name, const QList<QUrl>& addresses) {
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file))});
+    data.setUrls(addresses);
     const auto& box = widget<QWidget>(name);
     const QPoint place = box.mapTo(window.get(), box.rect().center());
     QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -321,6 +324,9 @@ TEST_F(MainWindow, TakesWhatADroppedFileSaysOfItself) {
     EXPECT_EQ(text("txtSourceFile"), name);
     EXPECT_EQ(text("txtSourceProjection"), "4M");
     EXPECT_TRUE(widget<QRadioButton>("adj96btn").isChecked());
+    drop("grpSource", QList<QUrl>());
+    drop("grpSource", QList<QUrl>{QUrl("https://a.place/in.csv")});
+    EXPECT_EQ(text("txtSourceFile"), name) << "neither is a file";
   }
 }
 
