@@ -174,6 +174,7 @@ void frmTovak::openReport(void (*use)(QWidget*, report::ReportSheets&)) {
 void frmTovak::takeSourceFile(const QString& name) {
   selections_.run.source.fileName = name.toStdString();
   if (selections_.run.sourceFormat == run::source::GeodeticCsv) return chooseDatabase();
+  statusBar()->clearMessage();
   if (selection::presetFromFile(selections_, selections_.run.source.fileName)) {
     statusBar()->showMessage(tr("Projection, units and adjustment were taken from the file's first line."));
   }

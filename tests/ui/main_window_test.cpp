@@ -327,6 +327,9 @@ TEST_F(MainWindow, TakesWhatADroppedFileSaysOfItself) {
     drop("grpSource", QList<QUrl>());
     drop("grpSource", QList<QUrl>{QUrl("https://a.place/in.csv")});
     EXPECT_EQ(text("txtSourceFile"), name) << "neither is a file";
+    EXPECT_NE(status(), "");
+    drop("grpSource", folder.write("other.csv", "1,2\n"));
+    EXPECT_EQ(status(), "") << "nothing was taken from this one";
   }
 }
 
