@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QScreen>
+#include <QSettings>
 
 #include "app/account_line.h"
 #include "run/format_index.h"
@@ -36,6 +37,12 @@ QString askForFile(QWidget* parent, const QString& title, const QString& folder,
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().front() : QString();
 }
 
+/// Qt's file dialog keeps the folders it was in for its next start. Nothing of a session is stored here: its settings
+/// go where no file can be.
+void storeNoDialogSettings() {
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
+}
+
 }  // namespace
 
 frmTovak::frmTovak(const app::WindowStart& start, QWidget* parent)
@@ -46,6 +53,7 @@ frmTovak::frmTovak(const app::WindowStart& start, QWidget* parent)
       delimitedFormats_({.table = start.delimitedFormats, .saved = start.delimitedFormats}),
       form_(std::make_unique<Ui::frmTovak>()),
       folder_(toQString(start.workingFolder.string())) {
+  storeNoDialogSettings();
   form_->setupUi(this);
   setWindowTitle("Tovak  Version " + toQString(start.version));
   makeSides();

@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSettings>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTest>
@@ -142,6 +143,7 @@ TEST_F(MainWindow, ConvertsAFileThatWasChosenAndTyped) {
   EXPECT_EQ(text("txtNextNumber") + " by " + text("txtIncrement"), "2 by 1");
   EXPECT_EQ(status(), "2 records read: 2 converted, 0 skipped, 0 passed over");
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  EXPECT_FALSE(QSettings(QSettings::UserScope, "QtProject").isWritable()) << "the file dialog keeps nothing";
 }
 
 TEST_F(MainWindow, ShowsNoFurtherErrorsOnceAskedTo) {
