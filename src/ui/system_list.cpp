@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -54,14 +55,18 @@ frmTovakSystems::frmTovakSystems(run::ConversionEngine& engine, std::int16_t cho
   lstSystems_->setAlternatingRowColors(true);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   cmdChoose_ = buttons->button(QDialogButtonBox::Ok);
-  cmdChoose_->setText(tr("Choose"));
+  cmdChoose_->setText(tr("&Choose"));
   cmdChoose_->setToolTip(tr("Take the selected system"));
-  buttons->button(QDialogButtonBox::Cancel)->setToolTip(tr("Keep the projection as it is"));
+  QPushButton* const cancel = buttons->button(QDialogButtonBox::Cancel);
+  cancel->setText(tr("C&ancel"));
+  cancel->setToolTip(tr("Keep the projection as it is"));
+  // As in the other dialogs, whose buttons bear no icons.
+  for (QPushButton* const button : {cmdChoose_, cancel}) button->setIcon({});
   auto* const column = new QVBoxLayout(this);
   column->addWidget(txtSearch_);
   column->addWidget(lstSystems_);
   column->addWidget(buttons);
-  resize(600, 420);
+  resize(QSize(600, 420).boundedTo(screen()->availableSize()));
 
   connect(txtSearch_, &QLineEdit::textChanged, this, &frmTovakSystems::search);
   connect(lstSystems_, &QTreeWidget::itemActivated, this, &QDialog::accept);
