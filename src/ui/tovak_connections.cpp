@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStatusBar>
 #include <utility>
 
 #include "ui/report_printing.h"
@@ -104,6 +105,8 @@ void frmTovak::connectMenus() {
   const Ui::frmTovak& f = *form_;
   connect(f.cmdExecute, &QPushButton::clicked, this, &frmTovak::execute);
   connect(f.cmdClose, &QPushButton::clicked, this, &QWidget::close);
+  // A status line that is longer than the window is read in its tip.
+  connect(f.statusbar, &QStatusBar::messageChanged, f.statusbar, &QWidget::setToolTip);
   connect(f.mnuFileOpen, &QAction::triggered, this, [this] { browse(sides_[0]); });
   connect(f.mnuFileSave, &QAction::triggered, this, [this] { browse(sides_[1]); });
   connect(f.mnuFileSourceLayout, &QAction::triggered, f.cmdSourceLayout, &QPushButton::click);

@@ -164,6 +164,7 @@ TEST_F(MainWindow, ShowsNoFurtherErrorsOnceAskedTo) {
   EXPECT_EQ(dialogs.boxes[2].text, "Output File Written");
   EXPECT_FALSE(dialogs.boxes[2].offersToStop);
   EXPECT_NE(status().find("1 converted, 3 skipped"), std::string::npos) << status();
+  EXPECT_EQ(window->statusBar()->toolTip().toStdString(), status());
 
   // Another run shows them again.
   click("cmdExecute");
