@@ -30,6 +30,14 @@ struct LineBuilder {
   }
 };
 
+/// What of a text goes on one line of paper. Words stay whole, unless that left half of the line empty.
+std::string_view firstLineOf(std::string_view text) {
+  const std::string_view line = text::firstCharacters(text, kMostColumns);
+  const std::size_t blank = line.rfind(' ');
+  const bool cut = line.size() < text.size() && blank != std::string_view::npos && blank >= line.size() / 2;
+  return cut ? line.substr(0, blank + 1) : line;
+}
+
 }  // namespace
 
 ReportSheets::ReportSheets(std::string fileName, std::uint64_t start, std::optional<run::ReportHeading> heading)
@@ -58,7 +66,7 @@ ReportSheets::Piece ReportSheets::take() {
   if (pageEnds) {
     rest_.remove_prefix(1);
   } else {
-    const std::string_view line = text::firstCharacters(rest_.substr(0, rest_.find(kFormFeed)), kMostColumns);
+    const std::string_view line = firstLineOf(rest_.substr(0, rest_.find(kFormFeed)));
     line_.clear();
     text::appendPrintable(line_, line);
     rest_.remove_prefix(line.size());

@@ -23,9 +23,9 @@ struct SheetSize {
   int sheets = 0;
 };
 
-/// Cuts a file at its form feeds, one sheet a page. A line of more than 100 characters goes on in the next; a page of
-/// more lines than can be read on one sheet goes on on the next. Any bytes will do, and memory does not grow with the
-/// file.
+/// Cuts a file at its form feeds, one sheet a page. A line of more than 100 characters goes on in the next, between
+/// two words where it can; a page of more lines than can be read on one sheet goes on on the next. Any bytes will do,
+/// and memory does not grow with the file.
 class ReportSheets {
  public:
   /// From byte `start` of the file on. With a heading, which is for the report of a run, every sheet has the printed

@@ -10,6 +10,7 @@ namespace {
 TEST(ReportSheets, CutAnyFileAtItsFormFeeds) {
   const tests::TemporaryFolder folder;
   const std::string wide(101, 'w'), odd = "\xC3\x84\xE4";
+  const std::string words = std::string(54, 'w') + ' ' + std::string(46, 'w');
   std::string tall;
   for (int i = 0; i < 96; ++i) tall += "l\n";
   const auto lines = [](int count, const std::string& end) {
@@ -28,6 +29,7 @@ TEST(ReportSheets, CutAnyFileAtItsFormFeeds) {
       {"\fa\f\fb\fc\n", "a|#b|#c|#", {1, 1, 3}},
       {std::string("x\0\t\x7F", 4) + odd, "x   " + odd + "|#", {6, 1, 1}},
       {wide + "\n", wide.substr(1) + "|w|#", {100, 2, 1}},
+      {words + " end\n", words.substr(0, 55) + "|" + words.substr(55) + " end|#", {55, 2, 1}},
       {tall + "\fl\n", lines(96, "#l|#"), {1, 96, 2}},
       {tall + "l\n\fl\n", lines(68, "#") + lines(29, "#l|#"), {1, 68, 3}},
   };
