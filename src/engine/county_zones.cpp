@@ -110,10 +110,12 @@ std::string systemName(const CountyZone& zone) {
 std::string conflict(const std::vector<CountyZone>& zones, const CountyZone& zone) {
   for (const CountyZone& other : zones) {
     if (other.code == zone.code) return "the code stands in" + lineOf(other) + " too";
-    if (other.datum == zone.datum && text::equalsIgnoringCase(other.place, zone.place))
-      return "the county and zone stand in" + lineOf(other) + " too";
-    if (std::abs(other.code - zone.code) == kTwinDistance && !isTwin(other, zone))
+    const bool samePlace = text::equalsIgnoringCase(other.place, zone.place);
+    if (other.datum == zone.datum && samePlace) return "the county and zone stand in" + lineOf(other) + " too";
+    const bool twinCodes = std::abs(other.code - zone.code) == kTwinDistance;
+    if (twinCodes && !isTwin(other, zone))
       return "county, zone and state plane letter are not those of the other datum's" + lineOf(other);
+    if (samePlace && !twinCodes) return "the code is not 103 from that of the other datum's" + lineOf(other);
   }
   return {};
 }

@@ -116,6 +116,7 @@ TEST_F(CountyFile, ReportsTheFirstFaultWithItsLine) {
       Row(kGood, "line 2: the code stands in line 1 too"),
       Row("7|ANOKA||B|NAD83|S|" + utm, "line 2: the county and zone stand in line 1 too"),
       Row("109|Anoka||Anoka|NAD27|C|" + utm, "line 2: county, zone and state plane letter are not"),
+      Row("110|ANOKA||Anoka|NAD27|S|" + utm, "line 2: the code is not 103 from that of the other datum's line 1"),
       Row("7|A||A|NAD83|S|+proj=utm", "line 2: the definition cannot be used: it is no map projection"),
       Row("109|Anoka||Anoka|NAD27|S|EPSG:26915",
           "line 2: the definition cannot be used: \"+ellps=GRS80\" is of another datum")};
