@@ -100,10 +100,10 @@ ExitStatus stopWithoutEngine(const Preparation& prepared, bool inWindow, const r
                              const Surroundings& io) {
   run::Message message = prepared.engine.message;
   message.detail = prepared.engine.reason;
-  if (inWindow) return runWindow(prepared, {message}, formats, io);
-  printMessage(io.err, message);
+  if (!inWindow) printMessage(io.err, message);
+  // The window shows it too; a log of whoever starts the program has it nowhere else.
   if (!message.detail.empty()) io.err << message.detail << std::endl;
-  return kStoppedByMessage;
+  return inWindow ? runWindow(prepared, {message}, formats, io) : kStoppedByMessage;
 }
 
 }  // namespace

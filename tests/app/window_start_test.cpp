@@ -126,6 +126,7 @@ TEST_F(WindowStartTest, ShowsThatTheEngineIsMissing) {
   ASSERT_EQ(opened[0].messages.size(), 1U);
   EXPECT_EQ(opened[0].messages[0].title, "Missing Component");
   EXPECT_EQ(opened[0].messages[0].detail, "no database");
+  EXPECT_EQ(err.str(), "no database\n");
 }
 
 TEST_F(WindowStartTest, SaysThatTheWindowIsMissing) {
