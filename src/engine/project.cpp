@@ -67,6 +67,7 @@ ProjectResult loadProject(pj_ctx* context) {
 }
 
 ProjectCheck checkProject(pj_ctx* context, std::string_view definition, run::LengthUnit unit) {
+  if (definition.size() > run::kLongestDefinition) return {false, "The definition is longer than 8192 characters."};
   const ParametersResult read = readDefinition(context, definition, std::nullopt);
   if (!read.reason.empty()) return {false, "The definition cannot be used: " + read.reason + '.'};
   const ProjOperation projection = makeOperation(context, read.parameters.c_str());

@@ -14,7 +14,6 @@ namespace tovak::run {
 namespace {
 
 constexpr std::size_t kLongestName = 80;
-constexpr std::size_t kLongestDefinition = 8192;
 constexpr std::string_view kMetres = "metres";
 constexpr std::string_view kFeet = "feet";
 

@@ -10,10 +10,14 @@
 /// business.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
 namespace tovak::run {
+
+/// Reading WKT takes time with the square of its length.
+inline constexpr std::size_t kLongestDefinition = 8192;
 
 struct UserProject {
   std::string name;

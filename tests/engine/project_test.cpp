@@ -64,6 +64,7 @@ TEST_F(UserProject, IsCheckedBeforeItIsStored) {
        "Zero point, northing 0.000, easting 0.000 ft: latitude 00 00 00.00000, longitude -97 29 19.30127, outside the "
        "area "
        "served"},
+      {"263 A[" + std::string(8192, 'q') + "]", 999, "The definition is longer than 8192 characters."},
       {"263M +proj=utm", 999,
        "The definition cannot be used: neither \"+ellps=GRS80\" (NAD83) nor \"+ellps=clrk66\" (NAD27) is given."}};
   for (const auto& [text, code, expected] : cases) {
