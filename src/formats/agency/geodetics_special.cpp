@@ -61,7 +61,7 @@ class GeodeticsSpecial {
         engine_(context.engine),
         counts_(context.counts),
         precision_(context.settings.accuracy),
-        metres_(text::findIgnoringCase(context.settings.target.projectionText, "M") != std::string_view::npos) {}
+        metres_(run::marksMetres(context.settings.target.projectionText)) {}
 
   bool run();
 
