@@ -110,6 +110,10 @@ std::string faultOf(const UserProject& project) {
 }
 
 bool writeUserProject(const std::string& fileName, const UserProject& project, std::string& error) {
+  if (fileName.empty()) {
+    error = "There is no data folder to keep the project in.";
+    return false;
+  }
   text::LineWriter lines;
   const bool written = lines.open(fileName) && lines.writeLine("# The user-defined project of Tovak.") &&
                        lines.writeLine("name = " + project.name) &&

@@ -24,6 +24,8 @@ TEST(UserProject, IsReadAsItWasWritten) {
   EXPECT_TRUE(readUserProject(folder.write("other", "UNIT=Feet\r\n\r\n  # mine\r\nName = A\r\n definition=x")).project);
   EXPECT_FALSE(writeUserProject(folder.file("nowhere/project.txt"), {"A", "x", true}, error));
   EXPECT_EQ(error, folder.file("nowhere/project.txt") + ": No such file or directory");
+  EXPECT_FALSE(writeUserProject("", {"A", "x", true}, error));
+  EXPECT_EQ(error, "There is no data folder to keep the project in.");
 }
 
 TEST(UserProject, ReportsWhatIsWrongWithItsFile) {
