@@ -1,5 +1,6 @@
 #include "ui/tovak_project.h"
 
+#include <QScreen>
 #include <string>
 
 #include "run/conversion_run.h"
@@ -14,6 +15,7 @@ namespace tovak::ui {
 frmTovakProject::frmTovakProject(run::ConversionEngine& engine, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakProject>()), engine_(engine) {
   ui_->setupUi(this);
+  resize(size().boundedTo(screen()->availableSize()));
   load();
   connect(ui_->txtProjectName, &QLineEdit::textChanged, this, &frmTovakProject::check);
   connect(ui_->txtDefinition, &QPlainTextEdit::textChanged, this, &frmTovakProject::check);
