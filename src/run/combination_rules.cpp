@@ -24,8 +24,42 @@ bool targetIs(const Settings& s, target::Index format) {
   return s.targetFormat == format;
 }
 
-const std::array<CombinationRule, 16>& rules() {
-  static const std::array<CombinationRule, 16> kRules = {{
+bool oneFile(const std::string& a, const std::string& b) {
+  return a == b || text::sameFile(a, b);
+}
+
+/// Whether a run reads the file of that name. The geodetic database is read from several.
+bool isRead(const Settings& settings, const std::string& name) {
+  if (sourceIs(settings, source::Keyboard)) return false;
+  if (oneFile(settings.source.fileName, name)) return true;
+  return sourceIs(settings, source::GeodeticCsv) &&
+         std::ranges::any_of(settings.geodeticCsv.sheets,
+                             [&](const std::string& sheet) { return oneFile(sheet, name); });
+}
+
+bool targetIsFile(const Settings& settings) {
+  return !targetIs(settings, target::ScreenOnly);
+}
+
+const CombinationRule& targetCollision() {
+  static const CombinationRule kRule = {
+      [](const Settings& s) { return targetIsFile(s) && isRead(s, s.target.fileName); },
+      {"Source file has same name as target file.", "Conflicting file names", Icon::Exclamation}};
+  return kRule;
+}
+
+const CombinationRule& reportCollision() {
+  static const CombinationRule kRule = {
+      [](const Settings& s) {
+        return s.reportEnabled &&
+               (isRead(s, s.reportFileName) || (targetIsFile(s) && oneFile(s.target.fileName, s.reportFileName)));
+      },
+      {"The report file has the same name as the source or target file.", "Conflicting file names", Icon::Exclamation}};
+  return kRule;
+}
+
+const std::array<CombinationRule, 17>& rules() {
+  static const std::array<CombinationRule, 17> kRules = {{
       {[](const Settings& s) {
          return s.SourceProjectionCode == kUserDefinedProject && s.TargetProjectionCode == kUserDefinedProject;
        },
@@ -71,7 +105,8 @@ const std::array<CombinationRule, 16>& rules() {
       {[](const Settings& s) { return targetIs(s, target::BlueBook) && isCountyOrProject(s.TargetProjectionCode); },
        {"NGS Blue Book format not valid with a county map projection or county coordinate system",
         "Invalid target combination", Icon::Exclamation}},
-      {filesCollide, collisionMessage()},
+      targetCollision(),
+      reportCollision(),
       {[](const Settings& s) { return targetIs(s, target::GeodimeterControl) && isLatLong(s.TargetProjectionCode); },
        {"Geodimeter Raw format not valid with NAD27 or NAD83 lat/long map projection", "Invalid target combination",
         Icon::Exclamation}},
@@ -84,19 +119,6 @@ const std::array<CombinationRule, 16>& rules() {
   return kRules;
 }
 
-bool oneFile(const std::string& a, const std::string& b) {
-  return a == b || text::sameFile(a, b);
-}
-
-/// Whether a run reads the file of that name. The geodetic database is read from several.
-bool isRead(const Settings& settings, const std::string& name) {
-  if (sourceIs(settings, source::Keyboard)) return false;
-  if (oneFile(settings.source.fileName, name)) return true;
-  return sourceIs(settings, source::GeodeticCsv) &&
-         std::ranges::any_of(settings.geodeticCsv.sheets,
-                             [&](const std::string& sheet) { return oneFile(sheet, name); });
-}
-
 }  // namespace
 
 const Message* firstBrokenRule(const RunSettings& settings) {
@@ -106,18 +128,11 @@ const Message* firstBrokenRule(const RunSettings& settings) {
   return nullptr;
 }
 
-bool filesCollide(const RunSettings& settings) {
-  const bool toFile = !targetIs(settings, target::ScreenOnly);
-  const std::string& report = settings.reportFileName;
-  if (toFile && isRead(settings, settings.target.fileName)) return true;
-  if (!settings.reportEnabled) return false;
-  return isRead(settings, report) || (toFile && oneFile(settings.target.fileName, report));
-}
-
-const Message& collisionMessage() {
-  static const Message kMessage = {"Source file has same name as target file.", "Conflicting file names",
-                                   Icon::Exclamation};
-  return kMessage;
+const Message* fileCollision(const RunSettings& settings) {
+  for (const CombinationRule* const rule : {&targetCollision(), &reportCollision()}) {
+    if (rule->broken(settings)) return &rule->message;
+  }
+  return nullptr;
 }
 
 bool crossesDatums(const RunSettings& settings) {

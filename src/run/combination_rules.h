@@ -10,11 +10,9 @@ namespace tovak::run {
 /// and wordings among them, and pairs of formats of which only one is named, are as the program has always had them.
 const Message* firstBrokenRule(const RunSettings& settings);
 
-/// True when source and target (unless keyboard or screen), or the report file and either, are one file.
-bool filesCollide(const RunSettings& settings);
-
-/// The message for files that collide.
-const Message& collisionMessage();
+/// The message when source and target (unless keyboard or screen), or the report file and either, are one file; or
+/// null.
+const Message* fileCollision(const RunSettings& settings);
 
 /// True when one side is on NAD27 and the other on NAD83.
 bool crossesDatums(const RunSettings& settings);

@@ -183,7 +183,7 @@ bool ConversionRun::completeTargetName() {
   if (!text::endsWithIgnoringCase(name, target_.fileNameEnding)) {
     if (interactive() && !person_.confirm(messages::changeFileName())) return false;
     name += target_.fileNameEnding;
-    if (filesCollide(settings_)) return stop(collisionMessage());
+    if (const Message* const collision = fileCollision(settings_)) return stop(*collision);
   }
   if (!interactive() || target_.options == TargetOptions::None) return true;
   return person_.chooseTargetOptions(target_.options);

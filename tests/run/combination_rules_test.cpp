@@ -139,7 +139,11 @@ TEST(FilesCollide, WhenTwoOfThemAreOne) {
     settings.geodeticCsv.sheets = {folder.file("third"), folder.file("in")};
     settings.target.fileName = folder.file(c.target);
     settings.reportFileName = folder.file(c.report);
-    EXPECT_EQ(filesCollide(settings), c.collide) << c.source << " to " << c.target << ", report " << c.report;
+    const Message* const collision = fileCollision(settings);
+    const std::string text = collision == nullptr ? "" : collision->text;
+    const char* const expected = *c.report == '\0' ? "Source file has same name as target file."
+                                                   : "The report file has the same name as the source or target file.";
+    EXPECT_EQ(text, c.collide ? expected : "") << c.source << " to " << c.target << ", report " << c.report;
   }
 }
 

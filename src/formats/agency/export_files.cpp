@@ -17,7 +17,7 @@ bool ExportFiles::stop(const Message& message) {
 
 bool ExportFiles::openSource(run::target::Index targetFormat, const char* wrongTarget) {
   if (context_.settings.targetFormat != targetFormat) return stop({wrongTarget, "Invalid target", Icon::Exclamation});
-  if (run::filesCollide(context_.settings)) return stop(run::collisionMessage());
+  if (const run::Message* const collision = run::fileCollision(context_.settings)) return stop(*collision);
   return source_.open(context_.settings.source.fileName) || stop(run::systemMessage(source_.error()));
 }
 
