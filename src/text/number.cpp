@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 #include "text/strings.h"
@@ -13,6 +14,16 @@ namespace {
 constexpr double kExactWholeLimit = 9007199254740992.0;  // 2^53
 constexpr std::size_t kThousandsGroup = 3;
 constexpr std::array<double, 10> kPowersOfTen = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+
+/// "00", "01" and so on to "99", one behind the other: half as many divisions as digit by digit.
+constexpr std::array<char, 200> kTwoDigits = [] {
+  std::array<char, 200> digits{};
+  for (std::size_t i = 0; i < digits.size(); i += 2) {
+    digits[i] = static_cast<char>('0' + i / 20);
+    digits[i + 1] = static_cast<char>('0' + i / 2 % 10);
+  }
+  return digits;
+}();
 
 bool isDigit(char c) {
   return c >= '0' && c <= '9';
@@ -132,10 +143,21 @@ void appendFixed(std::string& out, double value, int decimals) {
     *--at = static_cast<char>('0' + rest % 10);
     rest /= 10;
   };
-  for (int i = 0; i < decimals; ++i) putDigit();
+  const auto putTwoDigits = [&at, &rest] {
+    const auto pair = static_cast<std::size_t>(rest % 100);
+    rest /= 100;
+    at -= 2;
+    std::memcpy(at, &kTwoDigits[2 * pair], 2);
+  };
+  for (int i = decimals; i > 1; i -= 2) putTwoDigits();
+  if (decimals % 2 != 0) putDigit();
   if (decimals > 0) *--at = '.';
-  do putDigit();
-  while (rest != 0);
+  while (rest >= 100) putTwoDigits();
+  if (rest >= 10) {
+    putTwoDigits();
+  } else {
+    putDigit();
+  }
   if (scaled < 0) *--at = '-';
   out.append(at, end);
 }
