@@ -16,7 +16,7 @@ double eccentricityOf(double flattening) {
 double isometricLack(double sine, double eccentricity) {
   const double part = eccentricity * sine;
   const double square = part * part;
-  const double series = 1.0 / 3.0 + square * (1.0 / 5.0 + square * (1.0 / 7.0 + square / 9.0));
+  const double series = (1.0 / 3.0 + square * (1.0 / 5.0)) + square * square * (1.0 / 7.0 + square * (1.0 / 9.0));
   return eccentricity * part * (1.0 + square * series);
 }
 
@@ -73,8 +73,8 @@ GridFactors TransverseMercatorFactors::at(const Geographic& point) const {
   // Hyperbolic sine and cosine of the lack, which is less than 0.007 and needs no more terms.
   const double lack = isometricLack(sinLatitude, eccentricity_);
   const double square = lack * lack;
-  const double hyperbolicSine = lack * (1.0 + square / 6.0);
-  const double hyperbolicCosine = 1.0 + 0.5 * square * (1.0 + square / 12.0);
+  const double hyperbolicSine = lack * (1.0 + square * (1.0 / 6.0));
+  const double hyperbolicCosine = 1.0 + 0.5 * square * (1.0 + square * (1.0 / 12.0));
   // Tangent and secant, times the cosine of the latitude.
   const double tangent = sinLatitude * hyperbolicCosine - hyperbolicSine;
   const double secant = hyperbolicCosine - sinLatitude * hyperbolicSine;
@@ -91,10 +91,15 @@ GridFactors TransverseMercatorFactors::at(const Geographic& point) const {
   const Complex first = series_[0] + twice * second - series_[2];
   const Complex derivative = 1.0 + 0.5 * twice * first - second;
 
-  const Complex direction = Complex(cosLongitude * secant, sinLongitude * tangent) * std::conj(derivative);
+  // The derivative's angle is less than 0.006 and needs no arc tangent; that of the sphere is found meanwhile.
+  const double slope = derivative.imag() / derivative.real();
+  const double slopeSquare = slope * slope;
+  const double turn = slope * (1.0 - slopeSquare * (1.0 / 3.0));
+  const double length = derivative.real() * (1.0 + slopeSquare * (0.5 - 0.125 * slopeSquare));
+  const double onSphere = std::atan(sinLongitude * tangent / (cosLongitude * secant));
   const double curvature = 1.0 - eccentricity_ * eccentricity_ * sinLatitude * sinLatitude;
-  return {.convergence = std::atan(direction.imag() / direction.real()) * kDegreesPerRadian,
-          .scale = scale_ * std::sqrt(std::norm(derivative) * curvature * perSquare)};
+  return {.convergence = (onSphere - turn) * kDegreesPerRadian,
+          .scale = scale_ * std::sqrt(curvature * perSquare) * length};
 }
 
 }  // namespace tovak::engine
