@@ -1,9 +1,9 @@
 /// bench_bare_loop PIPELINE FILE
 ///
-/// The least that a conversion of a delimited point file can cost: reads "latitude,longitude,name,number,elevation"
-/// lines in blocks of 64 KiB, parses the three numbers, converts the point by one call of PROJ's pipeline (longitude
-/// and latitude in degrees in, easting and northing out) and prints northing, easting and elevation with three decimals
-/// to standard output in blocks of 64 KiB. What it leaves out is all that makes a converter: checks, names, messages.
+/// The least that converting a delimited point file can cost: reads "latitude,longitude,name,number,elevation" lines in
+/// blocks of 64 KiB, parses the three numbers, converts the point with one call of PROJ's pipeline (longitude and
+/// latitude in degrees in, easting and northing out) and prints northing, easting and elevation with three decimals to
+/// standard output in blocks of 64 KiB. It leaves out everything else that a converter does: checks, names, messages.
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -57,7 +57,7 @@ class Output {
   bool good_ = true;
 };
 
-/// Parses the number at the head of `line` and drops it with the separator behind it.
+/// Parses the number at the head of `line` and removes it with the separator after it.
 double takeNumber(std::string_view& line) {
   double value = NAN;
   const auto result = std::from_chars(line.data(), line.data() + line.size(), value);

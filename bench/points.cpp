@@ -1,9 +1,9 @@
 /// bench_points COUNT SEPARATOR FIELDS
 ///
-/// Prints COUNT made-up points to standard output, one a line: the fields that the letters of FIELDS name (y latitude,
-/// x longitude, n name, i number, z elevation), with SEPARATOR between them. Angles are decimal degrees with nine
-/// decimals between 43.5 and 49 north and 90 and 97 west, elevations have three decimals. The same arguments always
-/// give the same bytes, and every file of one count holds the same points.
+/// Prints COUNT made-up points to standard output, one on each line: the fields that the letters of FIELDS name (y
+/// latitude, x longitude, n name, i number, z elevation), with SEPARATOR between them. Angles are decimal degrees with
+/// nine decimals between 43.6 and 45.5 north and 91.3 and 96.8 west, in the south zone; elevations have three decimals.
+/// The same arguments always give the same bytes, and all files with the same COUNT hold the same points.
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -20,7 +20,8 @@ struct Point {
   std::uint64_t elevation;  ///< in thousandths
 };
 
-/// A whole number from `first` to `first + count - 1`. The library's distributions differ between libraries.
+/// A whole number from `first` to `first + count - 1`. The standard library's distributions differ from one
+/// implementation to another.
 std::uint64_t uniform(std::mt19937_64& random, std::uint64_t first, std::uint64_t count) {
   return first + random() % count;
 }
@@ -61,8 +62,8 @@ int main(int argc, char** argv) {
   const std::string_view fields = argv[3];
   std::mt19937_64 random(20240601);
   for (unsigned long number = 1; number <= count; ++number) {
-    const Point point{.latitude = uniform(random, 43'500'000'000, 5'500'000'000),
-                      .longitude = uniform(random, 90'000'000'000, 7'000'000'000),
+    const Point point{.latitude = uniform(random, 43'600'000'000, 1'900'000'000),
+                      .longitude = uniform(random, 91'300'000'000, 5'500'000'000),
                       .elevation = uniform(random, 600'000, 1'100'000)};
     for (std::size_t i = 0; i < fields.size(); ++i) {
       if (i > 0) std::putchar(separator);

@@ -1,9 +1,9 @@
 /// bench_window_run POINTS ROUNDS
 ///
 /// Converts the delimited file POINTS (latitude and longitude in decimal degrees) to state plane South into the current
-/// folder, in turns by a batch run and by pressing Execute in the main window with reports suppressed and with a
-/// report, ROUNDS times each. Prints the median wall clock times in seconds on one line: batch, window, window with a
-/// report.
+/// folder, alternately by a batch run and by pressing Execute in the main window, with reports suppressed and with a
+/// report, ROUNDS times each. Prints on one line the three median wall clock times in seconds, for batch, window and
+/// window with a report, and then the three median processor times in the same order.
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
@@ -13,6 +13,8 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
+#include <filesystem>
 #include <iostream>
 #include <vector>
 
@@ -20,6 +22,7 @@
 #include "formats/delimited/built_in_formats.h"
 #include "formats/format_tables.h"
 #include "report/report_writer.h"
+#include "run/conversion_run.h"
 #include "run/engine_loader.h"
 #include "run/format_index.h"
 #include "ui/tovak.h"
@@ -37,7 +40,7 @@ run::RunSettings settingsFor(const char* points) {
   run::RunSettings settings;
   settings.sourceFormat = run::source::CommaDelimited;
   settings.targetFormat = run::target::CommaDelimited;
-  settings.sourceDelimited = settings.targetDelimited = formats::standardFormat();
+  settings.sourceDelimited = settings.targetDelimited = formats::delimited::standardFormat();
   settings.TargetProjectionCode = 4;
   settings.source.projectionText = "0";
   settings.target.projectionText = "4";
@@ -49,12 +52,20 @@ run::RunSettings settingsFor(const char* points) {
   return settings;
 }
 
-template <typename Work>
-double secondsOf(const Work& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
+/// The rounds of one kind of run.
+struct Rounds {
+  std::vector<double> wallSeconds;
+  std::vector<double> cpuSeconds;
+
+  template <typename Work>
+  void add(const Work& work) {
+    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t cpuStart = std::clock();
+    work();
+    cpuSeconds.push_back(static_cast<double>(std::clock() - cpuStart) / CLOCKS_PER_SEC);
+    wallSeconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+  }
+};
 
 double median(std::vector<double> values) {
   std::ranges::sort(values);
@@ -76,12 +87,12 @@ int main(int count, char** values) {
   start.settings = settingsFor(values[1]);
   start.engine = engine.engine.get();
   start.formatTables = formats::formatTables();
-  start.delimitedFormats = {formats::standardFormat()};
+  start.delimitedFormats = {formats::delimited::standardFormat()};
   start.formatTables.report = {.makeWriter = report::makeReportWriter, .version = "1.0.0", .today = text::today};
   ui::frmTovak window(start);
   window.show();
 
-  // The message at the end of a window's run is acknowledged as soon as it is there.
+  // The message at the end of a window's run is acknowledged as soon as it appears.
   QTimer acknowledge;
   QObject::connect(&acknowledge, &QTimer::timeout, [] {
     if (auto* const box = qobject_cast<QDialog*>(QApplication::activeModalWidget())) box->accept();
@@ -90,21 +101,33 @@ int main(int count, char** values) {
 
   auto* const execute = window.findChild<QPushButton*>("cmdExecute");
   auto* const suppress = window.findChild<QCheckBox*>("ChkSuppress");
-  std::vector<double> batch;
-  std::vector<double> byWindow;
-  std::vector<double> withReport;
+  // Without files of an earlier round, no question is asked about them, and all reports have the same length.
+  const auto removeFiles = [&start] {
+    for (const std::string& name : {start.settings.target.fileName, start.settings.reportFileName})
+      std::filesystem::remove(name);
+  };
+  const auto press = [execute] { execute->click(); };
+  Rounds batch;
+  Rounds byWindow;
+  Rounds withReport;
   for (int round = std::atoi(values[2]); round > 0; --round) {
-    batch.push_back(secondsOf([&] {
+    removeFiles();
+    batch.add([&] {
       run::RunSettings settings = start.settings;
       settings.BatchMode = 2;
       app::ConsolePerson person(std::cerr, false, false);
-      run::convert(settings, *engine.engine, start.formatTables, person);
-    }));
-    byWindow.push_back(secondsOf([&] { execute->click(); }));
+      run::convert(settings, *engine.engine, start.formatTables, {.person = person});
+    });
+    removeFiles();
+    byWindow.add(press);
     suppress->click();
-    withReport.push_back(secondsOf([&] { execute->click(); }));
+    removeFiles();
+    withReport.add(press);
     suppress->click();
   }
-  std::printf("%.6f %.6f %.6f\n", median(batch), median(byWindow), median(withReport));
+  removeFiles();
+  for (const Rounds* rounds : {&batch, &byWindow, &withReport}) std::printf("%.6f ", median(rounds->wallSeconds));
+  for (const Rounds* rounds : {&batch, &byWindow, &withReport}) std::printf("%.6f ", median(rounds->cpuSeconds));
+  std::printf("\n");
   return 0;
 }

@@ -1,4 +1,4 @@
-# Functions shared by ./run, ./test, bench/run and .ci/run: packages, the build, the datum grid. Sourced, never run.
+# Functions shared by ./run, ./test, bench/run and .ci/run: packages and the build. Sourced, never run.
 # Everything they print goes to standard error. The caller has set `root` to the folder of the project.
 
 build_packages=(g++ cmake ninja-build libproj-dev qt6-base-dev)
@@ -56,25 +56,4 @@ build() {
   local folder=$root/build/$1
   shift
   ninja -C "$folder" -n "$@" 2>/dev/null | grep -q 'no work to do' || ninja -C "$folder" "$@" >&2
-}
-
-# PROJ's own data folder, the one that holds proj.db.
-proj_data_folder() {
-  local folder
-  for folder in "$(pkg-config --variable=datadir proj 2>/dev/null)" /usr/share/proj /usr/local/share/proj; do
-    if [ -f "$folder/proj.db" ]; then
-      printf '%s\n' "$folder"
-      return
-    fi
-  done
-  return 1
-}
-
-# Puts the datum grid beside the project, where there is one, in front of PROJ's own data.
-use_shared_grids() {
-  local grids=$root/../shared/grids own
-  if [ -z "${PROJ_DATA-}" ] && [ -d "$grids" ] && own=$(proj_data_folder); then
-    PROJ_DATA=$(cd "$grids" && pwd):$own
-    export PROJ_DATA
-  fi
 }

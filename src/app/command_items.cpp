@@ -8,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "run/format_index.h"
 #include "text/number.h"
 #include "text/strings.h"
 
@@ -45,14 +46,14 @@ struct LatLongChoice {
   bool chosen;  ///< whether the window shows the form as chosen
 };
 
-/// By the number behind "-A", less one.
+/// By the number after "-A", less one.
 constexpr std::array<LatLongChoice, 5> kLatLongChoices = {{{AngleForm::DegreesMinutesSeconds, true},
                                                            {AngleForm::DegreesMinutesSeconds, true},
                                                            {AngleForm::DegreesMinutesSeconds, false},
                                                            {AngleForm::DecimalDegrees, false},
                                                            {AngleForm::DegreesDecimalMinutes, false}}};
 
-/// One item of the line: how long it is, and the value behind the letters of an option (or a file name).
+/// One item of the line: how long it is, and the value after the letters of an option (or a file name).
 struct Item {
   std::string_view value;
   std::size_t length = 0;
@@ -66,13 +67,32 @@ Item valueAt(std::string_view line, std::size_t start) {
   return {.value = line.substr(from, end - from), .length = std::min(end + 1, line.size())};
 }
 
+/// The letter of an option in upper case; a blank where there is none.
+char optionLetter(std::string_view line) {
+  return line.size() > 1 && line.front() == '-' ? text::upperCase(line[1]) : ' ';
+}
+
+/// The item that a line begins with. Of "-R" the value is the file's name alone.
+Item itemAt(std::string_view line) {
+  return valueAt(line, optionLetter(line) == 'R' ? 2 : 0);
+}
+
+/// Whether an item holds the help switch. The folder names of an existing file do not count.
+bool holdsHelpSwitch(std::string_view item) {
+  std::error_code error;
+  const fs::path path(item);
+  const bool isFile = fs::exists(path, error) && !fs::is_directory(path, error);
+  const std::string searched = isFile ? path.filename().string() : std::string(item);
+  return text::findIgnoringCase(searched, "-h") != std::string::npos;
+}
+
 class Parser {
  public:
   explicit Parser(std::string_view line) : rest_(line) {}
 
   CommandItems parse() {
-    while (!rest_.empty() && items_.numberProblem.empty()) {
-      const std::size_t length = rest_.front() == '-' ? takeOption() : takeFileName();
+    while (!rest_.empty()) {
+      const std::size_t length = takeItem();
       rest_.remove_prefix(length);
       rest_.remove_prefix(std::min(rest_.find_first_not_of(' '), rest_.size()));
     }
@@ -80,9 +100,22 @@ class Parser {
   }
 
  private:
+  std::size_t takeItem() {
+    if (!items_.numberProblem.empty()) return takeBatchModeOnly();
+    return rest_.front() == '-' ? takeOption() : takeFileName();
+  }
+
+  /// After a number that cannot be read, only the switches that decide where its message goes are read.
+  std::size_t takeBatchModeOnly() {
+    const Item item = itemAt(rest_);
+    const char letter = optionLetter(rest_);
+    if (letter == 'B' || letter == 'Q') takeBatchMode(letter == 'Q' ? 2 : 1);
+    return item.length;
+  }
+
   std::size_t takeFileName() {
-    const Item item = valueAt(rest_, 0);
-    const std::string name(text::trimBlanks(item.value));
+    const Item item = itemAt(rest_);
+    const std::string name(item.value);
     if (items_.source.fileName.empty()) {
       items_.source.fileName = name;
       findWorkingFolder(name);
@@ -101,8 +134,8 @@ class Parser {
   }
 
   std::size_t takeOption() {
-    const Item item = valueAt(rest_, 0);
-    switch (text::upperCase(item.value.size() > 1 ? item.value[1] : ' ')) {
+    const Item item = itemAt(rest_);
+    switch (optionLetter(rest_)) {
       case 'B':
         takeBatchMode(1);
         break;
@@ -122,7 +155,8 @@ class Parser {
         takeAccuracy(item.value);
         break;
       case 'R':
-        return takeReportFile();
+        takeReportFile(item.value);
+        break;
       case 'Y':
         takeYear();
         break;
@@ -160,11 +194,11 @@ class Parser {
     if (letter == 'E' || letter == 'M') side.metres = letter == 'M';
   }
 
-  /// The target's option looks at the source's index as given so far, one place beyond the agency sources.
+  /// A target option also looks up the source's number, if already given, in the list of targets.
   void markAgencyRun(const CommandSide& side) {
-    const bool bySource = &side == &items_.source && items_.source.format >= 8 && items_.source.format <= 10;
-    const bool byTarget = &side == &items_.target && items_.source.format >= 9 && items_.source.format <= 11;
-    items_.agencyRun = items_.agencyRun || bySource || byTarget;
+    const bool ofSource = &side == &items_.source;
+    const std::int16_t source = items_.source.format;
+    items_.agencyRun = items_.agencyRun || (ofSource ? run::source::isAgency(source) : run::target::isAgency(source));
   }
 
   void takeLatLongForm(std::string_view item) {
@@ -188,18 +222,17 @@ class Parser {
       items_.rangeProblems += "Improper Data Accuracy Was Specified.\n";
       return;
     }
-    items_.settings.accuracy = position;
+    items_.settings.accuracy = static_cast<text::Accuracy>(position);
   }
 
-  std::size_t takeReportFile() {
-    const Item item = valueAt(rest_, 2);
-    items_.settings.reportFileName = text::trimBlanks(item.value);
+  void takeReportFile(std::string_view name) {
+    if (text::trimBlanks(name).empty()) return;  // the report of the day
+    items_.settings.reportFileName = name;
     items_.settings.reportEnabled = true;
     items_.reportFileNamed = true;
-    return item.length;
   }
 
-  /// The year is compared with all that is left of the line, so the option counts on the last place only.
+  /// The year is compared with all that is left of the line, so the option counts only at the end of the line.
   void takeYear() {
     const std::string_view year = text::trimBlanks(rest_.substr(2));
     const auto* const found =
@@ -223,6 +256,15 @@ class Parser {
 };
 
 }  // namespace
+
+std::optional<std::string> itemAskingForHelp(std::string_view line) {
+  for (line = text::trimBlanks(line); !line.empty(); line = text::trimBlanks(line)) {
+    const Item item = itemAt(line);
+    if (holdsHelpSwitch(item.value)) return std::string(item.value);
+    line.remove_prefix(item.length);
+  }
+  return std::nullopt;
+}
 
 CommandItems parseCommandItems(std::string_view line) {
   return Parser(text::trimBlanks(line)).parse();

@@ -13,7 +13,7 @@ namespace tovak::app {
 
 inline constexpr std::int16_t kNotGiven = -1;
 
-/// What one side's options said.
+/// The options of one side.
 struct CommandSide {
   std::string fileName;
   std::int16_t projection = kNotGiven;
@@ -24,7 +24,7 @@ struct CommandSide {
 struct CommandItems {
   CommandSide source;
   CommandSide target;
-  /// What the options said that concern both sides; files, formats and projections are not yet in it.
+  /// The options that concern both sides; files, formats and projections are not yet included.
   run::RunSettings settings;
   std::filesystem::path workingFolder;
   bool reportFileNamed = false;
@@ -32,10 +32,14 @@ struct CommandItems {
   bool agencyRun = false;
   /// A number that cannot be read, which ended the parsing; empty for none.
   std::string numberProblem;
-  /// Numbers beyond their list, a line each with its line end.
+  /// Numbers outside their list, one a line.
   std::string rangeProblems;
 };
 
 CommandItems parseCommandItems(std::string_view line);
+
+/// The first item of the line that holds the help switch "-h", in either letter case, even inside the name of a file.
+/// In the folder part of an existing file's name it does not count.
+std::optional<std::string> itemAskingForHelp(std::string_view line);
 
 }  // namespace tovak::app

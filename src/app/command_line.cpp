@@ -1,13 +1,15 @@
 #include "app/command_line.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <system_error>
+#include <utility>
 
 #include "app/command_items.h"
 #include "run/format_index.h"
-#include "run/projection_box.h"
 #include "run/projection_code.h"
+#include "selection/selections.h"
 #include "text/strings.h"
 
 namespace tovak::app {
@@ -121,14 +123,50 @@ bool forcesLatLong(const CommandSide& target, const FormatTables& formats) {
          formats.targets[static_cast<std::size_t>(target.format)].forcesLatLong;
 }
 
-/// What was given goes into the settings; the rest keeps the program's defaults.
-void applySide(const CommandSide& side, std::size_t formatCount, std::int16_t& format, std::int16_t& code,
-               run::SideSettings& settings) {
-  if (side.format >= 0 && static_cast<std::size_t>(side.format) < formatCount) format = side.format;
-  if (side.projection >= 0) code = side.projection;
-  settings.fileName = side.fileName;
-  settings.metres = side.metres.value_or(false);
-  settings.projectionText = run::projectionText(code, settings.metres);
+/// Chooses a side's format if a valid one is given. The geodetic database is chosen with its files, by the window.
+void chooseFormats(selection::Selections& selections, const CommandItems& parsed, const FormatTables& formats) {
+  const auto among = [](std::int16_t format, std::size_t count) {
+    return format >= 0 && static_cast<std::size_t>(format) < count;
+  };
+  const std::int16_t source = parsed.source.format;
+  if (source == run::source::GeodeticCsv) {
+    selections.run.sourceFormat = source;
+  } else if (among(source, formats.sources.size())) {
+    selection::chooseSourceFormat(selections, formats, source);
+  }
+  if (among(parsed.target.format, formats.targets.size())) {
+    selection::chooseTargetFormat(selections, formats, parsed.target.format);
+  }
+}
+
+/// Applies the given choices one after the other, as in the window; the rest keeps the program's defaults.
+run::RunSettings chosenSettings(const CommandItems& parsed, const FormatTables& formats) {
+  using selection::Side;
+  selection::Selections selections = {.run = parsed.settings};
+  const std::pair<Side, const CommandSide*> sides[] = {{Side::Source, &parsed.source}, {Side::Target, &parsed.target}};
+  chooseFormats(selections, parsed, formats);
+  for (const auto& [side, given] : sides) {
+    // A projection or unit that is named overrides those that a format brings.
+    if (given->projection >= 0) pickProjection(selections, side, given->projection);
+    chooseUnit(selections, side, given->metres.value_or(projectionBox(selections, side).metres));
+  }
+  selections.run.source.fileName = parsed.source.fileName;
+  selections.run.target.fileName = parsed.target.fileName;
+  selections.run.latLongFormChosen = parsed.settings.latLongFormChosen;
+  return selections.run;
+}
+
+/// Where the value of an argument begins: after the letters of "-R".
+std::size_t valueStart(std::string_view argument) {
+  const bool report = argument.size() > 2 && argument[0] == '-' && text::upperCase(argument[1]) == 'R';
+  return report ? 2 : 0;
+}
+
+bool isFaulty(std::string_view argument) {
+  if (argument.find('"') == std::string_view::npos) return false;
+  const std::string_view value = argument.substr(valueStart(argument));
+  return argument.find(' ') != std::string_view::npos ||
+         (value.starts_with('"') && value.find('"', 1) != value.size() - 1);
 }
 
 }  // namespace
@@ -137,33 +175,29 @@ std::string joinArguments(const std::vector<std::string>& arguments) {
   std::string line;
   for (const std::string& argument : arguments) {
     if (!line.empty()) line += ' ';
-    const bool needsQuotes = argument.find(' ') != std::string::npos && argument.find('"') == std::string::npos;
-    const bool report = argument.size() > 2 && argument[0] == '-' && text::upperCase(argument[1]) == 'R';
-    const std::size_t head = report ? 2 : 0;
+    const bool needsQuotes = argument.find(' ') != std::string::npos;
+    const std::size_t head = valueStart(argument);
     line += needsQuotes ? argument.substr(0, head) + '"' + argument.substr(head) + '"' : argument;
   }
   return line;
 }
 
-bool asksForHelp(std::string_view line) {
-  return text::findIgnoringCase(line, "-h") != std::string_view::npos;
+std::string faultyArgument(const std::vector<std::string>& arguments) {
+  const auto faulty = std::ranges::find_if(arguments, isFaulty);
+  return faulty == arguments.end() ? std::string() : *faulty;
 }
 
 CommandLine parseCommandLine(std::string_view line, const FormatTables& formats) {
   CommandItems parsed = parseCommandItems(line);
-  // A format's own projection gives way to one that is named, wherever on the line that is.
+  // A projection named anywhere on the line overrides the format's own.
   if (parsed.target.projection == kNotGiven && forcesLatLong(parsed.target, formats)) {
     parsed.target.projection = run::kLatLongNad83;
   }
   CommandLine result;
   result.MessageText = Checker(parsed, formats).problems();
-  result.settings = parsed.settings;
+  result.settings = chosenSettings(parsed, formats);
   result.workingFolder = parsed.workingFolder;
   result.reportFileNamed = parsed.reportFileNamed;
-  applySide(parsed.source, formats.sources.size(), result.settings.sourceFormat, result.settings.SourceProjectionCode,
-            result.settings.source);
-  applySide(parsed.target, formats.targets.size(), result.settings.targetFormat, result.settings.TargetProjectionCode,
-            result.settings.target);
   return result;
 }
 

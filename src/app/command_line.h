@@ -1,4 +1,4 @@
-/// The command line: what it says, and what is wrong with it.
+/// Reading and checking the command line.
 #pragma once
 
 #include <filesystem>
@@ -12,7 +12,8 @@
 namespace tovak::app {
 
 struct CommandLine {
-  /// What was understood, complete with projection texts; `BatchMode` is set by "-B" and "-Q".
+  /// What was understood, complete with projection texts and with what the formats bring along, as when they are
+  /// chosen in the window; `BatchMode` is set by "-B" and "-Q", wherever they stand.
   run::RunSettings settings;
   /// Where file dialogs open: the folder of the source file. Empty when there is none.
   std::filesystem::path workingFolder;
@@ -21,14 +22,13 @@ struct CommandLine {
   std::string MessageText;
 };
 
-/// One line of the arguments, a value with blanks in double quotes: "a b.csv", -R"my report.rpt". An argument that
-/// already holds quotes is left as it is.
+/// One line of the arguments, a value with blanks in double quotes: "a b.csv", -R"my report.rpt".
 std::string joinArguments(const std::vector<std::string>& arguments);
 
-/// True when the help switch "-h" stands anywhere in the line, in either letter case, even inside a file name.
-bool asksForHelp(std::string_view line);
+/// The first argument whose quotation marks would keep it from being read as one value; empty for none.
+std::string faultyArgument(const std::vector<std::string>& arguments);
 
-/// Parses the line and checks what came out. Items:
+/// Parses the line and checks the result. Items:
 ///
 ///   file names                 the first is the source, the second the target; later ones are ignored
 ///   -B -Q                      batch mode 1 and 2
@@ -37,8 +37,8 @@ bool asksForHelp(std::string_view line);
 ///   -SFn -TFn                  format n of the list
 ///   -An                        1 to 3 degrees, minutes, seconds; 4 decimal degrees; 5 degrees and decimal minutes
 ///   -Fn                        accuracy n of the list
-///   -Rname                     report file
-///   -Yyear                     adjustment, on the last place of the line only
+///   -Rname                     report file; without a name that of the day
+///   -Yyear                     adjustment, only as the last item of the line
 ///
 /// Other options are ignored.
 CommandLine parseCommandLine(std::string_view line, const run::FormatTables& formats);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "text/characters.h"
 #include "text/number.h"
 
 namespace tovak::app {
@@ -12,8 +13,12 @@ constexpr const char* kClearLine = "\r\033[K";
 
 }  // namespace
 
+void printLine(std::ostream& out, std::string_view text) {
+  out << text::withVisibleControls(text) << std::endl;
+}
+
 void printMessage(std::ostream& out, const run::Message& message) {
-  out << message.title << ": " << message.text << std::endl;
+  printLine(out, message.title + ": " + message.text);
 }
 
 void printUnopenedWindow(std::ostream& out, const std::vector<run::Message>& messages, const std::string& reason) {

@@ -1,24 +1,28 @@
-/// The person of a batch run: messages go to standard error, or are kept for the window that the run turns to; nothing
-/// waits for an answer.
+/// The person of a batch run: messages go to standard error, or are kept for the window if the run turns to it;
+/// questions are not asked.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "run/person.h"
 
 namespace tovak::app {
 
+/// Prints a text on a line of its own, with control characters made visible.
+void printLine(std::ostream& out, std::string_view text);
+
 /// Prints a message as "title: text".
 void printMessage(std::ostream& out, const run::Message& message);
 
-/// Prints what a window that could not be opened would have shown, and why it is not there.
+/// Prints what the window would have shown, and why it could not be opened.
 void printUnopenedWindow(std::ostream& out, const std::vector<run::Message>& messages, const std::string& reason);
 
-class ConsolePerson final : public run::Person {
+class ConsolePerson final : public run::Person, public run::Progress {
  public:
   /// `showProgress`: keep a line on the terminal that counts the records. `hasWindow`: a run that meets a problem can
   /// turn to the window.
@@ -32,13 +36,9 @@ class ConsolePerson final : public run::Person {
   bool confirm(const run::Message& question) override;
   bool leaveBatchMode() override;
   bool chooseTargetOptions(run::TargetOptions) override { return true; }
-  bool typePoint(run::PointRecord&) override { return false; }
-  void showRow(const run::PointRecord&, bool) override {}
-  void printReport(const run::ReportHeading&, std::uint64_t) override {}
-  void showGrid() override {}
   void progress(std::uint64_t records) override;
 
-  /// Takes the progress line off the terminal.
+  /// Clears the progress line on the terminal.
   void endProgress();
 
   /// Whether the run has left batch mode, and what it had to say since then.

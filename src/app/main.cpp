@@ -7,7 +7,7 @@
 
 #include <unistd.h>
 
-#include "app/command_line.h"
+#include "app/console_person.h"
 #include "app/program.h"
 #include "text/target_file.h"
 
@@ -21,19 +21,20 @@ bool isSet(const char* variable) {
 }  // namespace
 
 int main(int count, char** arguments) {
-  // A reader that goes away is an error of the write, with the file's name, not the end of the program.
+  // A reader that goes away makes the write fail, with the file's name; it does not end the program.
   std::signal(SIGPIPE, SIG_IGN);
+  // The same goes for a file that reaches the size limit of the shell.
+  std::signal(SIGXFSZ, SIG_IGN);
   tovak::text::removeUnfinishedFileOnSignals();
   try {
-    const std::vector<std::string> values(arguments + 1, arguments + count);
-    return tovak::app::runProgram(tovak::app::joinArguments(values),
-                                  {.out = std::cout,
-                                   .err = std::cerr,
-                                   .errIsTerminal = isatty(STDERR_FILENO) == 1,
-                                   .hasDisplay = isSet("DISPLAY") || isSet("WAYLAND_DISPLAY"),
-                                   .window = tovak::app::openWindow});
+    return tovak::app::runArguments({arguments + 1, arguments + count},
+                                    {.out = std::cout,
+                                     .err = std::cerr,
+                                     .errIsTerminal = isatty(STDERR_FILENO) == 1,
+                                     .hasDisplay = isSet("DISPLAY") || isSet("WAYLAND_DISPLAY"),
+                                     .window = tovak::app::openWindow});
   } catch (const std::exception& failure) {
-    std::cerr << "Tovak: " << failure.what() << std::endl;
+    tovak::app::printLine(std::cerr, std::string("Tovak: ") + failure.what());
     return tovak::app::kStoppedByMessage;
   }
 }

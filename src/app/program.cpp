@@ -3,39 +3,51 @@
 #include <cerrno>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "app/account_line.h"
+#include "app/command_items.h"
 #include "app/command_line.h"
 #include "app/console_person.h"
 #include "app/usage.h"
+#include "formats/delimited/built_in_formats.h"
 #include "formats/format_tables.h"
 #include "report/report_writer.h"
+#include "run/account_lines.h"
 #include "run/conversion_run.h"
 #include "run/data_folder.h"
+#include "run/doubts.h"
+#include "run/module_loader.h"
+#include "text/characters.h"
 #include "text/strings.h"
 #include "text/system_error.h"
 
 namespace tovak::app {
 namespace {
 
-constexpr std::string_view kHelpSwitch = "-h";
+/// Whether the help switch is all there is.
+bool isHelpSwitch(std::string_view commandLine) {
+  const std::string_view given = text::trimBlanks(commandLine);
+  return text::equalsIgnoringCase(given, "-h") || text::equalsIgnoringCase(given, "--help");
+}
 
-ExitStatus showHelp(std::string_view commandLine, const run::FormatTables& formats, const Surroundings& io) {
+ExitStatus showHelp(std::string_view commandLine, const std::string& item, const run::FormatTables& formats,
+                    const Surroundings& io) {
   const EngineStart start = startEngine();
   const std::string& reason = start.reason.empty() ? start.message.text : start.reason;
-  const std::string page = usagePage(formats, start.engine.get(), reason);
-  if (text::equalsIgnoringCase(text::trimBlanks(commandLine), kHelpSwitch)) {
+  const std::string page = text::withVisibleControls(usagePage(formats, start.engine.get(), reason));
+  if (isHelpSwitch(commandLine)) {
     errno = 0;
     io.out << page << std::flush;
-    // A pager that was left early has shown enough.
+    // A pager that was quit early has shown enough.
     if (io.out.good() || errno == EPIPE) return kFinished;
     io.err << text::systemErrorText("standard output", errno) << std::endl;
     return kStoppedByMessage;
   }
-  io.err << page << "\nNothing was converted: the command line holds \"-h\"." << std::endl;
+  io.err << page << '\n';
+  printLine(io.err, "Nothing was converted: \"-h\", which asks for this page, is in the argument " + item);
   return kCommandLineProblem;
 }
 
@@ -48,20 +60,22 @@ ExitStatus exitStatus(const run::RunResult& result) {
   if (result.outcome == run::RunOutcome::Stopped) return kStoppedByMessage;
   const bool everything =
       result.outcome == run::RunOutcome::Finished && recordsSkipped(result.counts) == 0 && result.counts.converted > 0;
-  return everything ? kFinished : kNotEverythingConverted;
+  if (!everything) return kNotEverythingConverted;
+  return anyDoubt(result.counts.doubts) ? kDoubts : kFinished;
 }
 
-/// A start that is settled as far as both ways of working need it.
+/// The part of the start that batch runs and the window share.
 struct Preparation {
   CommandLine line;
   EngineStart engine;
-  formats::DelimitedFormatTable delimitedFormats;
+  formats::delimited::DelimitedFormatTable delimitedFormats;
   std::string definitionsFile;
 };
 
-/// Opens the window with what is known so far; a batch run's problems come first among its messages.
-ExitStatus runWindow(const Preparation& prepared, std::vector<run::Message> messages, const run::FormatTables& formats,
-                     const Surroundings& io) {
+/// Opens the window with what is known so far; a batch run's problems come first among its messages. `status` is that
+/// of a batch run that turns to the window.
+ExitStatus runWindow(const Preparation& prepared, std::vector<run::Message> messages, ExitStatus status,
+                     const run::FormatTables& formats, const Surroundings& io) {
   WindowStart start;
   start.settings = prepared.line.settings;
   start.settings.BatchMode = 0;
@@ -73,10 +87,12 @@ ExitStatus runWindow(const Preparation& prepared, std::vector<run::Message> mess
   start.definitionsFile = prepared.definitionsFile;
   start.mapSheetCodes = loadMapSheetCodes(run::dataFolder());
   start.version = TOVAK_VERSION;
+  const ExitStatus unopened = status == kFinished ? kCommandLineProblem : status;
+  start.statusWithoutDisplay = unopened;
   std::string reason;
-  if (io.window(start, reason)) return start.engine == nullptr ? kStoppedByMessage : kFinished;
+  if (io.window(start, reason)) return status;
   printUnopenedWindow(io.err, start.messages, reason);
-  return kCommandLineProblem;
+  return unopened;
 }
 
 ExitStatus runBatch(Preparation& prepared, const run::FormatTables& formats, const Surroundings& io) {
@@ -84,26 +100,30 @@ ExitStatus runBatch(Preparation& prepared, const run::FormatTables& formats, con
   settings.reportEnabled = false;
   const bool talkative = settings.BatchMode == 1;
   ConsolePerson person(io.err, talkative && io.errIsTerminal, io.hasDisplay);
-  const run::RunResult result = run::convert(settings, *prepared.engine.engine, formats, person);
+  const run::RunResult result =
+      run::convert(settings, *prepared.engine.engine, formats, {.person = person, .progress = &person});
   person.endProgress();
   const bool begun = result.outcome != run::RunOutcome::Stopped || recordsRead(result.counts) > 0;
   if (!person.leftBatchMode() && !result.MessageText.empty()) {
     printMessage(io.err, {.text = result.MessageText, .title = "Batch Mode Error"});
   }
-  if (talkative && begun) io.err << accountLine(result.counts) << std::endl;
-  if (person.leftBatchMode()) runWindow(prepared, person.messagesForWindow(), formats, io);
-  return exitStatus(result);
+  const ExitStatus status = exitStatus(result);
+  if (begun && (talkative || status != kFinished)) {
+    for (const std::string& line : accountLines(result)) printLine(io.err, line);
+  }
+  if (person.leftBatchMode()) runWindow(prepared, person.messagesForWindow(), status, formats, io);
+  return status;
 }
 
-/// The engine that cannot be had, where the person looks.
+/// Reports, where the person looks, that there is no engine.
 ExitStatus stopWithoutEngine(const Preparation& prepared, bool inWindow, const run::FormatTables& formats,
                              const Surroundings& io) {
   run::Message message = prepared.engine.message;
   message.detail = prepared.engine.reason;
   if (!inWindow) printMessage(io.err, message);
-  // The window shows it too; a log of whoever starts the program has it nowhere else.
-  if (!message.detail.empty()) io.err << message.detail << std::endl;
-  return inWindow ? runWindow(prepared, {message}, formats, io) : kStoppedByMessage;
+  // The window shows it too; this is for a log of standard error.
+  if (!message.detail.empty()) printLine(io.err, message.detail);
+  return inWindow ? runWindow(prepared, {message}, kStoppedByMessage, formats, io) : kStoppedByMessage;
 }
 
 }  // namespace
@@ -112,8 +132,13 @@ ExitStatus runProgram(const std::string& commandLine, const Surroundings& io) {
   const std::filesystem::path folder = run::dataFolder();
   prepareDataFolder(folder);
   run::FormatTables formats = formats::formatTables();
-  formats.report = {.makeWriter = report::makeReportWriter, .version = TOVAK_VERSION, .today = io.today};
-  if (asksForHelp(commandLine)) return showHelp(commandLine, formats, io);
+  formats.report = {.makeWriter = report::makeReportWriter,
+                    .version = TOVAK_VERSION,
+                    .today = io.today,
+                    .joint = report::reportJoint};
+  if (const std::optional<std::string> item = itemAskingForHelp(commandLine)) {
+    return showHelp(commandLine, *item, formats, io);
+  }
 
   Preparation prepared;
   if (!text::trimBlanks(commandLine).empty()) prepared.line = parseCommandLine(commandLine, formats);
@@ -127,23 +152,36 @@ ExitStatus runProgram(const std::string& commandLine, const Surroundings& io) {
   }
 
   prepared.engine = startEngine();
+  const text::Result<run::UsualAreas> areas = run::readUsualAreas(run::dataFile("areas.txt"));
+  if (areas) formats.areas = &*areas;
+  if (prepared.engine.engine != nullptr && !areas) {
+    prepared.engine = {.engine = nullptr, .message = {.text = areas.error, .title = "Usual Areas"}, .reason = {}};
+  }
   if (prepared.engine.engine == nullptr) return stopWithoutEngine(prepared, inWindow, formats, io);
   if (!line.reportFileNamed) {
     line.settings.reportEnabled = true;
     line.settings.reportFileName = dailyReportName(folder, io.today());
   }
-  formats::DefinitionsResult definitions = loadFormats(folder);
-  prepared.delimitedFormats = std::move(definitions.table);
+  const text::Result<formats::delimited::DelimitedFormatTable> definitions = loadFormats(folder);
+  prepared.delimitedFormats =
+      definitions ? *definitions : formats::delimited::DelimitedFormatTable{formats::delimited::standardFormat()};
   prepared.definitionsFile = definitionsFile(folder);
   std::vector<run::Message> messages;
-  if (!definitions.error.empty()) {
+  if (!definitions) {
     messages.push_back(
         {.text = definitions.error + "\nOnly \"Tovak Standard\" is available.", .title = "Definitions File"});
   }
   if (faultyBatch) messages.push_back({.text = line.MessageText, .title = "Command Line Error"});
-  if (inWindow) return runWindow(prepared, std::move(messages), formats, io);
+  const ExitStatus status = faultyBatch ? kCommandLineProblem : kFinished;
+  if (inWindow) return runWindow(prepared, std::move(messages), status, formats, io);
   for (const run::Message& message : messages) printMessage(io.err, message);
   return runBatch(prepared, formats, io);
+}
+
+ExitStatus runArguments(const std::vector<std::string>& arguments, const Surroundings& io) {
+  const std::string faulty = faultyArgument(arguments);
+  if (!faulty.empty()) return refuse(io, "Quotation Marks Cannot Be Read: " + faulty);
+  return runProgram(joinArguments(arguments), io);
 }
 
 }  // namespace tovak::app

@@ -3,6 +3,7 @@
 
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "app/startup.h"
 #include "app/window_start.h"
@@ -14,9 +15,10 @@ enum ExitStatus : int {
   kStoppedByMessage = 1,
   kCommandLineProblem = 2,
   kNotEverythingConverted = 3,
+  kDoubts = 4,  ///< everything was converted, but there are doubts
 };
 
-/// What the program stands in.
+/// The environment of the program.
 struct Surroundings {
   std::ostream& out;
   std::ostream& err;
@@ -33,5 +35,8 @@ bool openWindow(const WindowStart& start, std::string& reason);
 
 /// Carries out one command line (see `joinArguments`).
 ExitStatus runProgram(const std::string& commandLine, const Surroundings& io);
+
+/// Carries out the command line made of these arguments, unless one of them cannot be used.
+ExitStatus runArguments(const std::vector<std::string>& arguments, const Surroundings& io);
 
 }  // namespace tovak::app

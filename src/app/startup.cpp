@@ -34,21 +34,22 @@ std::string definitionsFile(const fs::path& dataFolder) {
   return dataFolder.empty() ? std::string() : (dataFolder / kDefinitionsName).string();
 }
 
-formats::DefinitionsResult loadFormats(const fs::path& dataFolder) {
-  const formats::DefinitionsResult standardAlone = {{formats::standardFormat()}, {}};
+text::Result<formats::delimited::DelimitedFormatTable> loadFormats(const fs::path& dataFolder) {
+  const formats::delimited::DelimitedFormatTable standardAlone = {formats::delimited::standardFormat()};
   if (dataFolder.empty()) return standardAlone;
   const std::string path = definitionsFile(dataFolder);
-  std::string ignored;  // A folder that cannot be written to hinders nobody until formats are to be saved.
-  formats::ensureDefinitionsFile(path, ignored);
+  std::string ignored;  // A folder that cannot be written to does not matter until formats are saved.
+  formats::delimited::ensureDefinitionsFile(path, ignored);
   std::error_code unknown;
-  return fs::exists(path, unknown) ? formats::loadDefinitions(path) : standardAlone;
+  if (!fs::exists(path, unknown)) return standardAlone;
+  return formats::delimited::loadDefinitions(path);
 }
 
 std::string loadMapSheetCodes(const fs::path& dataFolder) {
   std::error_code unknown;
   const fs::path own = dataFolder / kMapSheetsName;
   const bool replaced = !dataFolder.empty() && fs::exists(own, unknown);
-  return formats::loadMapSheetCodes(replaced ? own.string() : run::programFile(kMapSheetsName));
+  return formats::database::loadMapSheetCodes(replaced ? own.string() : run::programFile(kMapSheetsName));
 }
 
 std::string dailyReportName(const fs::path& dataFolder, const text::Date& date) {

@@ -1,4 +1,4 @@
-/// What the program settles before it can convert: the data folder with its definitions file, the engine, the name of
+/// What the program prepares before it can convert: the data folder with its definitions file, the engine, the name of
 /// the daily report.
 #pragma once
 
@@ -15,15 +15,15 @@ namespace tovak::app {
 
 /// Creates the data folder when it is missing, and copies the installed definitions file (in the folder named by the
 /// environment variable ProgramFiles, under "Tovak") into it when it holds none; an existing one is never touched.
-/// Failures are not reported: the file is then made anew.
+/// Failures are not reported: the file is then created from scratch.
 void prepareDataFolder(const std::filesystem::path& dataFolder);
 
 /// The definitions file of a data folder; empty without one.
 std::string definitionsFile(const std::filesystem::path& dataFolder);
 
-/// The definitions file's formats; without a data folder, or with a file that is refused, "Tovak Standard" alone. A
-/// file that is missing is created.
-formats::DefinitionsResult loadFormats(const std::filesystem::path& dataFolder);
+/// The definitions file's formats, "Tovak Standard" alone without a data folder, or what is wrong with the file. A file
+/// that is missing is created.
+text::Result<formats::delimited::DelimitedFormatTable> loadFormats(const std::filesystem::path& dataFolder);
 
 /// The list of map sheet codes in the data folder, else the one beside the executable.
 std::string loadMapSheetCodes(const std::filesystem::path& dataFolder);
@@ -34,7 +34,7 @@ std::string dailyReportName(const std::filesystem::path& dataFolder, const text:
 struct EngineStart {
   std::unique_ptr<run::ConversionEngine> engine;  ///< null when the program cannot go on
   run::Message message;                           ///< then the message to show
-  std::string reason;                             ///< and what lies behind it, when that is known
+  std::string reason;                             ///< and its cause, when that is known
 };
 
 /// Creates the program's engine and checks its version.

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "run/projection_code.h"
+#include "run/system_data.h"
 #include "text/number.h"
 
 namespace tovak::app {
@@ -14,13 +15,15 @@ constexpr std::string_view kSwitches = R"(Tovak )" TOVAK_VERSION
 
   tovak SOURCE TARGET -B -SFn -SPn -SUx -TFn -TPn -TUx [-An] [-Fn] [-Yyear]
 
-For example, latitudes and longitudes in decimal degrees to state plane South in U.S. survey feet:
+For example, latitudes and longitudes in decimal degrees to UTM zone 15 in metres:
 
-  tovak control.csv south.csv -B -SF2 -SP1 -SUE -TF2 -TP5 -TUE -A4
+  tovak control.csv utm.csv -B -SF2 -SP1 -SUE -A4 -TF2 -TP2 -TUM
 
-  SOURCE TARGET  the two files; a name with blanks goes into quotes: "north side.csv"
+  SOURCE TARGET  the two files; a name with blanks goes into quotes: "north side.csv". A name with a blank and a
+                 quotation mark in it is refused
   -B      convert now; ends with a line that accounts for every record
-  -Q      convert now and say nothing when all goes well
+  -Q      convert now and say nothing when all goes well; otherwise
+          it ends with the same account
   -SFn    source format, a number of the list below              -SF2   Comma Delimited File
   -TFn    target format, a number of the list below              -TF2   Comma Delimited File
   -SPn    source projection, a number of the list below          -SP1   latitude and longitude on NAD83
@@ -35,16 +38,24 @@ For example, latitudes and longitudes in decimal degrees to state plane South in
   -Fn     accuracy of written coordinates, for the target        -F1    .001 units (when not given)
           formats that ask for it: 1 .001 units, 2 .01 units,
           3 .1 units, 4 1 unit, 5 10 units, 6 100 units
-  -Rname  report file of the window; a batch run                 -R"my report.rpt"
-          writes no report
+  -Rname  report file of the window, the one of the day          -R"my report.rpt"
+          without a name; a batch run writes no report
   -Yyear  NAD83 adjustment named in the target file: 1986,       -Y2011
           1996, 2007 or 2011; must be the last on the line
-  -H      this page
+  -H      this page; also --help
 
 The help switch is found anywhere in the line, even inside a file name: a command line with "my-house.csv" shows this
-page and converts nothing.
+page and converts nothing. Only in the folder names of an existing file, as in "/my-home/points.csv", does it not
+count.
 
-Exit status: 0 finished; 1 stopped by a message; 2 command line problems; 3 finished, but not everything was converted.
+The target appears whole or not at all. When no point was converted, an older target stays as it was. "/dev/stdout" and
+"/dev/fd/3" are written at their current place, so "tovak in.csv /dev/stdout ... >>all.csv" adds to a file.
+
+Doubtful points are converted, and counted after the account with the line of the first: text after a number, points
+outside the usual area of their system, a record broken into two lines, and more.
+
+Exit status: 0 finished; 1 stopped by a message; 2 command line problems; 3 finished, but not everything was converted;
+4 everything was converted, but there are doubts.
 )";
 
 constexpr std::string_view kNotes = R"(
@@ -79,9 +90,9 @@ void appendFormats(std::string& page, std::string_view heading, const Formats& f
 
 void appendProjections(std::string& page, run::ConversionEngine& engine) {
   for (std::int16_t code = 0; code <= run::kLastProjectionCode; ++code) {
-    // No batch run is given the user-defined project.
-    const std::string data = code == run::kUserDefinedProject ? std::string() : engine.GetProjectionData(code);
-    if (!data.empty()) appendEntry(page, code + 1, std::string_view(data).substr(0, data.find('~')));
+    // Batch runs cannot use the user-defined project.
+    const std::string name = code == run::kUserDefinedProject ? std::string() : run::systemName(engine, code);
+    if (!name.empty()) appendEntry(page, code + 1, name);
   }
 }
 

@@ -1,4 +1,4 @@
-/// What the program hands to the module of the main window, and the one function that module exports.
+/// What the program passes to the module of the main window, and the one function that the module exports.
 #pragma once
 
 #include <filesystem>
@@ -7,7 +7,6 @@
 
 #include "formats/delimited/definitions_file.h"
 #include "run/conversion_engine.h"
-#include "run/conversion_run.h"
 #include "run/formats.h"
 #include "run/message.h"
 #include "run/run_settings.h"
@@ -18,20 +17,19 @@ inline constexpr const char* kWindowIdentifier = "TovakWindow.Tvkn";
 
 struct WindowStart {
   run::RunSettings settings;  ///< what the window opens with
-  /// Where file dialogs open; empty for nowhere in particular.
+  /// Where file dialogs open; may be empty.
   std::filesystem::path workingFolder;
-  /// Shown in this order once the window stands.
+  /// Shown in this order once the window is open.
   std::vector<run::Message> messages;
-  /// Null when the program cannot go on: then the messages are shown alone, and no window.
+  /// Null when the program cannot go on: then only the messages are shown, without the window.
   run::ConversionEngine* engine = nullptr;
   run::FormatTables formatTables;
-  formats::DelimitedFormatTable delimitedFormats;
+  formats::delimited::DelimitedFormatTable delimitedFormats;
   std::string definitionsFile;  ///< where those formats are saved; empty without a data folder
-  /// By which files of the geodetic database are recognised (see `formats::isMapSheet`).
+  /// The codes by which files of the geodetic database are recognised (see `formats::database::isMapSheet`).
   std::string mapSheetCodes;
-  /// The run. The window calls the executable's, which knows of unfinished files when a signal ends the program.
-  run::RunResult (*convert)(run::RunSettings&, run::ConversionEngine&, const run::FormatTables&,
-                            run::Person&) = run::convert;
+  /// The program's exit status when there is no display to open the window on.
+  int statusWithoutDisplay = 0;
   std::string version;  ///< major, minor and revision numbers joined by "."
 };
 

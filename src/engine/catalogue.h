@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "run/area_served.h"
+
 namespace tovak::engine {
 
 enum class Datum { nad27, nad83 };
@@ -35,16 +37,7 @@ std::vector<CoordinateSystem> builtInSystems();
 /// The system of a code, or null.
 const CoordinateSystem* findSystem(const std::vector<CoordinateSystem>& systems, std::int16_t code);
 
-/// Limits in degrees, west negative, the limits included.
-struct AreaServed {
-  double south;
-  double north;
-  double west;
-  double east;
-};
-
-/// A source point outside it is an error: so northing and easting in the wrong order, a wrong zone or feet taken for
-/// metres do not end as a plausible coordinate.
-inline constexpr AreaServed kAreaServed = {.south = 41.0, .north = 51.0, .west = -100.0, .east = -86.0};
+using run::AreaServed;
+using run::kAreaServed;
 
 }  // namespace tovak::engine

@@ -7,6 +7,7 @@
 #include "engine/datum_shift.h"
 #include "engine/grid_factors.h"
 #include "engine/projections.h"
+#include "engine/served_rectangle.h"
 #include "run/length_unit.h"
 
 namespace tovak::engine {
@@ -22,19 +23,24 @@ struct Point {
 struct Side {
   const CoordinateSystem* system = nullptr;
   run::LengthUnit unit = run::LengthUnit::usSurveyFeet;
-  PJconsts* projection = nullptr;  ///< null for latitude and longitude
+  const Projection* projection = nullptr;  ///< null for latitude and longitude
 };
 
 struct ConversionPair {
   Side source;
   Side target;
-  const DatumShift* shift = nullptr;       ///< open; null when both sides are on one datum
-  const FactorFormula* factors = nullptr;  ///< of the target; null for latitude and longitude
+  const DatumShift* shift = nullptr;  ///< open; null when both sides are on one datum
+  /// Plane coordinates, in the source's unit, that are certainly in the area served.
+  PlaneRectangle served = {};
 };
 
+/// Prepares the shortcut for two sides in one system, once both are set.
+void findShortcut(ConversionPair& pair);
+
 /// Converts `point` in place from source to target. The source longitude of a latitude and longitude system counts as
-/// west whatever its sign. Between equal systems coordinates change by their unit only. `factors`
-/// receives those of the target at the point, nothing where it has none. After a failure neither is to be used.
-Error convertPoint(const ConversionPair& pair, Point& point, std::optional<GridFactors>& factors);
+/// west whatever its sign; a northing and an easting of 0 together are not a point. Between equal systems coordinates
+/// change by their unit only. `factors` receives those of the target at the point, nothing where it has none; null when
+/// they are not wanted, which spares computing them. After a failure neither may be used.
+Error convertPoint(const ConversionPair& pair, Point& point, std::optional<GridFactors>* factors);
 
 }  // namespace tovak::engine

@@ -7,13 +7,14 @@
 #include <vector>
 
 #include "engine/catalogue.h"
+#include "text/result.h"
 
 struct pj_ctx;
 
 namespace tovak::engine {
 
-/// One line of the catalogue: seven fields with "|" between them, the last of which may hold anything.
-struct CountyZone {
+/// One line of the catalogue: seven fields with "|" between them, the last of which may hold any text.
+struct CatalogueZone {
   std::int16_t code = 0;  ///< 5 to 102 on NAD83, 108 to 205 on NAD27; a zone's two numbers are 103 apart
   std::string county;
   std::string word;   ///< of the zone, such as "North Shore"; empty where the county is one zone
@@ -28,18 +29,17 @@ struct CountyZone {
 /// The file of the catalogue: "counties.txt" in the data folder, else the program's own.
 std::string countyFile();
 
-/// Reads a catalogue. Empty lines and those that begin with "#" mean nothing. The first fault leaves file, line and
-/// reason in `error`, empty without one.
-std::vector<CountyZone> readCountyZones(const std::string& fileName, std::string& error);
+/// Reads a catalogue, or gives file, line and reason of the first fault. Empty lines and those that begin with "#" are
+/// ignored.
+text::Result<std::vector<CatalogueZone>> readCountyZones(const std::string& fileName);
 
-/// The systems of the zones of `fileName`. The first definition that cannot be used leaves file, line and reason in
-/// `error`.
-std::vector<CoordinateSystem> countySystems(pj_ctx* context, const std::string& fileName,
-                                            const std::vector<CountyZone>& zones, std::string& error);
+/// The systems of the zones of `fileName`, or file, line and reason of the first definition that cannot be used.
+text::Result<std::vector<CoordinateSystem>> countySystems(pj_ctx* context, const std::string& fileName,
+                                                          const std::vector<CatalogueZone>& zones);
 
-/// The NAD83 zone of a text made of county name, one blank and zone word, whatever the letter case and with blanks at
-/// the ends; null when there is none. A county that is divided needs the word; for those that agency files name without
-/// one the first zone stands (codes 8, 16, 22, 39, 49 and 80).
-const CountyZone* findZone(const std::vector<CountyZone>& zones, std::string_view text);
+/// The NAD83 zone of a text made of county name, one blank and zone word, ignoring letter case and outer blanks; null
+/// when there is none. A county that is divided needs the word; for those that agency files name without one, the first
+/// zone is used (`run::isDividedCounty`).
+const CatalogueZone* findZone(const std::vector<CatalogueZone>& zones, std::string_view text);
 
 }  // namespace tovak::engine

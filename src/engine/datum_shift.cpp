@@ -1,76 +1,42 @@
 #include "engine/datum_shift.h"
 
-#include <filesystem>
+#include <optional>
 #include <string>
-#include <string_view>
-#include <system_error>
-
-#include <proj.h>
-
-#include "run/data_folder.h"
+#include <utility>
 
 namespace tovak::engine {
 namespace {
 
-/// In the midst of the area served, in radians.
+/// The middle of the area served, in radians.
 constexpr Geographic kOnTheGrid = {.latitude = 0.8, .longitude = -1.6};
-
-std::string gridInDataFolder() {
-  const std::filesystem::path folder = run::dataFolder();
-  if (folder.empty()) return {};
-  const std::filesystem::path file = folder / "grids" / kDatumGridFile;
-  std::error_code ignored;
-  return std::filesystem::is_regular_file(file, ignored) ? file.string() : std::string();
-}
-
-// PROJ asks here before it looks for a file of its own, when the grid is opened and again at its first point. Null
-// leaves the search to PROJ. An empty name is a file that is nowhere: PROJ would replace a grid it does not find by a
-// predecessor, and take whatever file bears that name. A path handed over in this way, unlike one in PROJ's notation,
-// may contain blanks, commas and quotes.
-const char* answerPath(PJ_CONTEXT* /*context*/, const char* name, void* ownGrid) {
-  if (std::string_view(name) != kDatumGridFile) return "";
-  const std::string& path = *static_cast<const std::string*>(ownGrid);
-  return path.empty() ? nullptr : path.c_str();
-}
-
-Geographic shiftPoint(PJconsts* shift, Direction direction, Geographic point) {
-  const ProjPair pair = transform(shift, direction, {.x = point.longitude, .y = point.latitude});
-  return {.latitude = pair.y, .longitude = pair.x};
-}
 
 }  // namespace
 
-bool DatumShift::open(pj_ctx* context) {
-  if (!searched_) {
-    searched_ = true;
-    ownGrid_ = gridInDataFolder();
-    proj_context_set_file_finder(context, answerPath, &ownGrid_);
-    if (!ownGrid_.empty()) tryToOpen(context);
-    if (shift_ == nullptr) {
-      ownGrid_.clear();
-      tryToOpen(context);
-    }
-  }
-  return shift_ != nullptr;
-}
-
-void DatumShift::tryToOpen(pj_ctx* context) {
-  shift_ = makeOperation(context, (std::string("+proj=hgridshift +grids=") + kDatumGridFile).c_str());
-  // Whether the grid can be read shows no sooner than at a point: PROJ does not even look for one again whose name it
-  // has once met in this process.
-  if (shift_ == nullptr || isFinite(toNad83(kOnTheGrid))) return;
-  takeError();
+bool DatumShift::open(ProjContext& context, const std::vector<KnownGrid>& known) {
+  if (searched_) return shift_ != nullptr;
+  searched_ = true;
+  GridFile grid = readDatumGrid(known);
+  fault_ = std::move(grid.fault);
+  if (!fault_.empty()) return false;
+  context.files().grid = std::move(grid.contents);
+  shift_ = makeOperation(context.get(), (std::string("+proj=hgridshift +grids=") + kDatumGridFile).c_str());
+  // Only the conversion of a point shows whether PROJ can read the grid.
+  if (shift_ != nullptr && isFinite(toNad83(kOnTheGrid))) return true;
   shift_.reset();
+  fault_ = std::string("PROJ cannot read the datum grid ") + kDatumGridFile + '.';
+  return false;
 }
 
 Geographic DatumShift::toNad83(Geographic point) const {
-  return shiftPoint(shift_.get(), Direction::forward, point);
+  if (const std::optional<Geographic> shifted = cells_.forward(shift_.get(), point)) return *shifted;
+  return shiftByProj(shift_.get(), Direction::forward, point);
 }
 
 Geographic DatumShift::toNad27(Geographic point) const {
-  const Geographic shifted = shiftPoint(shift_.get(), Direction::inverse, point);
+  if (const std::optional<Geographic> shifted = cells_.inverse(shift_.get(), point)) return *shifted;
+  const Geographic shifted = shiftByProj(shift_.get(), Direction::inverse, point);
   if (!isFinite(shifted)) return shifted;
-  // Where the inverse leaves the grid PROJ returns its first guess as if all were well; the way back tells.
+  // Where the inverse leaves the grid, PROJ returns its first guess as if all were well; converting back shows it.
   const Geographic back = toNad83(shifted);
   return isFinite(back) ? shifted : back;
 }

@@ -10,6 +10,7 @@
 #include "engine/geographic.h"
 #include "engine/proj_objects.h"
 #include "engine/projections.h"
+#include "engine/wkt.h"
 #include "text/strings.h"
 
 namespace tovak::engine {
@@ -29,15 +30,8 @@ bool isAuthorityAndCode(std::string_view definition) {
          std::ranges::all_of(definition.substr(colon + 1), isCodeCharacter);
 }
 
-bool isWkt(std::string_view definition) {
-  const std::size_t bracket = definition.find('[');
-  return bracket != std::string_view::npos && bracket > 0 && definition.back() == ']' &&
-         std::ranges::all_of(definition.substr(0, bracket), isCodeCharacter);
-}
-
-/// The one map projection among the steps from latitude and longitude to northing and easting. In front of it PROJ
-/// orders the angles and turns them into radians, behind it, it may order the axes; whatever else there is would be
-/// lost.
+/// The one map projection among the steps from latitude and longitude to northing and easting. Before it, PROJ orders
+/// the angles and turns them into radians, and after it, it may order the axes; any other step would be lost.
 std::string projectionStep(std::string_view pipeline, std::string& reason) {
   constexpr std::string_view kStep = "+step ";
   std::string projection;
@@ -69,7 +63,7 @@ std::string parametersOfSystem(pj_ctx* context, const std::string& definition, s
   }
   const PJ_TYPE type = proj_get_type(system.get());
   if (type != PJ_TYPE_PROJECTED_CRS) {
-    reason = type == PJ_TYPE_BOUND_CRS ? "it brings a datum shift of its own" : "it is no projected coordinate system";
+    reason = type == PJ_TYPE_BOUND_CRS ? "it has a datum shift of its own" : "it is not a projected coordinate system";
     return {};
   }
   const ProjOperation conversion(proj_crs_get_coordoperation(context, system.get()));
@@ -78,7 +72,7 @@ std::string parametersOfSystem(pj_ctx* context, const std::string& definition, s
   return projectionStep(text == nullptr ? "" : text, reason);
 }
 
-/// How far `to` lies from `from` along both axes, in parts of `length`.
+/// How far `to` lies from `from` along both axes, as a fraction of `length`.
 PlanePoint partsOf(double length, const PlanePoint& from, const PlanePoint& to) {
   return {.northing = (to.northing - from.northing) / length, .easting = (to.easting - from.easting) / length};
 }
@@ -107,28 +101,27 @@ bool fitsAreaServed(PJconsts* projection) {
 
 }  // namespace
 
-ParametersResult readDefinition(pj_ctx* context, std::string_view definition, std::optional<Datum> expected) {
+text::Result<Parameters> readDefinition(pj_ctx* context, std::string_view definition, std::optional<Datum> expected) {
+  using Read = text::Result<Parameters>;
   definition = text::trimBlanks(definition);
-  ParametersResult result;
   std::string list;
+  std::string reason;
   if (definition.starts_with('+') || definition.starts_with("proj=")) {
     list = definition;
   } else if (isAuthorityAndCode(definition) || isWkt(definition)) {
-    list = parametersOfSystem(context, std::string(definition), result.reason);
+    if (isWkt(definition)) reason = faultInWkt(definition);
+    if (reason.empty()) list = parametersOfSystem(context, std::string(definition), reason);
   } else {
-    result.reason = "it is neither PROJ parameters (+proj=...) nor AUTHORITY:CODE nor WKT";
+    reason = "it is neither PROJ parameters (+proj=...) nor AUTHORITY:CODE nor WKT";
   }
-  if (!result.reason.empty()) return result;
+  if (!reason.empty()) return Read::failure(reason);
 
-  result = readParameters(list, expected);
-  if (!result.reason.empty()) return result;
-  const ProjOperation projection = makeOperation(context, result.parameters.c_str());
-  if (projection == nullptr) {
-    result.reason = "PROJ cannot make a projection of it";
-  } else if (!fitsAreaServed(projection.get())) {
-    result.reason = "it is no map projection in metres, northing and easting, that fits the area served";
-  }
-  return result;
+  Read read = readParameters(list, expected);
+  if (!read) return read;
+  const ProjOperation projection = makeOperation(context, read->list.c_str());
+  if (projection == nullptr) return Read::failure("PROJ cannot make a projection of it");
+  if (fitsAreaServed(projection.get())) return read;
+  return Read::failure("it is no map projection in metres, northing and easting, that fits the area served");
 }
 
 }  // namespace tovak::engine

@@ -14,26 +14,24 @@ struct ErrorLine {
 constexpr ErrorLine kErrorLines[] = {
     {Error::unknownSource, "The source projection code is not one that the conversion engine knows."},
     {Error::unknownTarget, "The target projection code is not one that the conversion engine knows."},
-    {Error::unreadableText,
-     "The projection text cannot be read: it must give a projection code, followed by M when the unit is the metre."},
-    {Error::noGrid,
-     "The datum grid us_noaa_conus.tif, without which nothing is converted between NAD27 and NAD83, was not found or "
-     "cannot be read. Get it with \"projsync --file us_noaa_conus.tif\" or copy it into the folder \"grids\" of the "
-     "data folder, then start the program again."},
+    {Error::unreadableText, "The projection text does not begin with a projection code and an optional M for metres."},
+    {Error::noGrid, "The datum grid us_noaa_conus.tif between NAD27 and NAD83 is missing or cannot be used."},
     {Error::notComputed, "The point could not be computed: a coordinate or the elevation is out of range."},
+    {Error::noCoordinates, "The point has no coordinates: its northing and easting are both 0."},
     {Error::latitudeOutside, "The latitude of the point is outside the area served"},
     {Error::longitudeOutside, "The longitude of the point is outside the area served"},
     {Error::outsideGrid, "The point is outside the datum grid us_noaa_conus.tif."},
-    {Error::noProject, "No user-defined project is set up, or its file cannot be used."},
+    {Error::noProject, "No user-defined project is set up or its file cannot be used."},
+    {Error::shiftTooLarge, "The datum grid shifts the point by more than 0.01 degree: that cannot be right."},
 };
 
 std::string withRange(const char* text, double from, double to) {
   std::string line = text;
-  line += ", ";
+  line += " (";
   text::appendFixed(line, from, 0);
   line += " to ";
   text::appendFixed(line, to, 0);
-  line += " degrees. Are northing and easting in order, and projection and units the right ones?";
+  line += " degrees). Swapped or wrong unit?";
   return line;
 }
 

@@ -1,4 +1,4 @@
-/// A position on a datum's ellipsoid.
+/// Positions on a datum's ellipsoid and on the plane of a map projection.
 #pragma once
 
 #include <cmath>
@@ -15,8 +15,18 @@ struct Geographic {
   double longitude = 0.0;
 };
 
+/// Metres.
+struct PlanePoint {
+  double northing = 0.0;
+  double easting = 0.0;
+};
+
 inline bool isFinite(const Geographic& point) {
   return std::isfinite(point.latitude) && std::isfinite(point.longitude);
+}
+
+inline bool isFinite(const PlanePoint& point) {
+  return std::isfinite(point.northing) && std::isfinite(point.easting);
 }
 
 }  // namespace tovak::engine

@@ -16,15 +16,17 @@ void ProjOperationDeleter::operator()(PJconsts* operation) const noexcept {
 
 ProjContext openProj(std::string& reason) {
   ProjContext context(proj_context_create());
-  if (context == nullptr) {
+  if (context.get() == nullptr) {
     reason = "PROJ could not be started.";
-    return nullptr;
+    return {};
   }
   proj_log_level(context.get(), PJ_LOG_NONE);
-  if (proj_context_get_database_path(context.get()) == nullptr ||
+  context.files().database = findProjDatabase();
+  confine(context.get(), context.files());
+  if (context.files().database.empty() ||
       proj_context_get_database_metadata(context.get(), "EPSG.VERSION") == nullptr) {
     reason = "PROJ's database proj.db was not found or cannot be read.";
-    return nullptr;
+    return {};
   }
   return context;
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "engine/error.h"
+#include "engine/proj_files.h"
 
 struct pj_ctx;
 struct PJconsts;
@@ -17,11 +18,24 @@ struct ProjContextDeleter {
 struct ProjOperationDeleter {
   void operator()(PJconsts* operation) const noexcept;
 };
-using ProjContext = std::unique_ptr<pj_ctx, ProjContextDeleter>;
 using ProjOperation = std::unique_ptr<PJconsts, ProjOperationDeleter>;
 
-/// A context of PROJ that writes nothing to standard error and has its database open. Null without a database; then
-/// `reason` receives one line that says so.
+/// A PROJ context, or none, with the files it may read.
+class ProjContext {
+ public:
+  ProjContext() = default;
+  explicit ProjContext(pj_ctx* context) : context_(context) {}
+
+  pj_ctx* get() const { return context_.get(); }
+  ProjFiles& files() const { return *files_; }
+
+ private:
+  std::unique_ptr<ProjFiles> files_ = std::make_unique<ProjFiles>();  // outlives the context
+  std::unique_ptr<pj_ctx, ProjContextDeleter> context_;
+};
+
+/// A context that writes nothing to standard error, is confined to its files and has its database open. None without a
+/// database; then `reason` receives one line that says so.
 ProjContext openProj(std::string& reason);
 
 /// An operation from PROJ's notation, or null.
@@ -35,7 +49,7 @@ struct ProjPair {
   double y = 0.0;
 };
 
-/// Runs `operation` on `from`. The result is finite, or else the operation failed and `takeError` tells why.
+/// Runs `operation` on `from`. The result is finite, or else the operation failed and `takeError` says why.
 ProjPair transform(PJconsts* operation, Direction direction, ProjPair from);
 
 /// Why the last `transform` failed: `outsideGrid` where a grid has no value for the point, else `notComputed`. PROJ

@@ -49,31 +49,36 @@ std::string withoutTildes(std::string text) {
 
 ProjectResult loadProject(pj_ctx* context) {
   const std::string file = run::userProjectFile();
-  const run::UserProjectResult stored = run::readUserProject(file);
-  if (!stored.project) return {std::nullopt, withoutTildes(stored.error)};
-  ParametersResult read = readDefinition(context, stored.project->definition, std::nullopt);
-  if (!read.reason.empty()) {
-    return {std::nullopt, withoutTildes(file + ": the definition cannot be used: " + read.reason)};
+  const text::Result<std::optional<run::UserProject>> read = run::readUserProject(file);
+  if (!read || !*read) return {std::nullopt, withoutTildes(read.error)};
+  const run::UserProject& stored = **read;
+  text::Result<Parameters> definition = readDefinition(context, stored.definition, std::nullopt);
+  if (!definition) {
+    return {std::nullopt, withoutTildes(file + ": the definition cannot be used: " + definition.error)};
   }
-  const std::string name = "User-defined project " + stored.project->name + ", ";
-  return {Project{.name = stored.project->name,
-                  .unit = stored.project->metres ? run::LengthUnit::metres : run::LengthUnit::usSurveyFeet,
+  const Datum datum = definition->datum;
+  if (!stored.datum.empty() && stored.datum != nameOf(datum)) {
+    return {std::nullopt, withoutTildes(file + ": the definition is on " + std::string(nameOf(datum)))};
+  }
+  const std::string name = "User-defined project " + stored.name + ", ";
+  return {Project{.name = stored.name,
+                  .unit = run::unitOf(stored.metres),
                   .system = {.code = run::kUserDefinedProject,
-                             .name = name + std::string(nameOf(read.datum)),
-                             .datum = read.datum,
+                             .name = name + std::string(nameOf(datum)),
+                             .datum = datum,
                              .kind = SystemKind::project,
-                             .projection = std::move(read.parameters)}},
+                             .projection = std::move(definition->list)}},
           {}};
 }
 
 ProjectCheck checkProject(pj_ctx* context, std::string_view definition, run::LengthUnit unit) {
   if (definition.size() > run::kLongestDefinition) return {false, "The definition is longer than 8192 characters."};
-  const ParametersResult read = readDefinition(context, definition, std::nullopt);
-  if (!read.reason.empty()) return {false, "The definition cannot be used: " + read.reason + '.'};
-  const ProjOperation projection = makeOperation(context, read.parameters.c_str());
-  const FalseOrigin origin = falseOrigin(read.parameters);
-  std::string text = "Datum ";
-  text += nameOf(read.datum);
+  const text::Result<Parameters> read = readDefinition(context, definition, std::nullopt);
+  if (!read) return {false, "The definition cannot be used: " + read.error + '.'};
+  const ProjOperation projection = makeOperation(context, read->list.c_str());
+  const FalseOrigin origin = falseOrigin(read->list);
+  std::string text(run::kToldDatum);
+  text += nameOf(read->datum);
   text += "\nFalse origin, " +
           whereabouts(projection.get(), {.northing = origin.northing, .easting = origin.easting}, unit);
   text += "\nZero point, " + whereabouts(projection.get(), {}, unit);

@@ -22,20 +22,20 @@ struct Project {
 
 struct ProjectResult {
   std::optional<Project> project;
-  /// Why the project's file cannot be used, with the file's name; empty when there is no project at all too. It never
-  /// holds the "~" by which the answers about a project are told apart.
+  /// Why the project's file cannot be used, with the file's name; also empty when there is no project at all. It never
+  /// holds the "~" that separates the parts of an answer about a project.
   std::string fault;
 
   bool operator==(const ProjectResult&) const = default;
 };
 
-/// Reads the project's file anew.
+/// Reads the project's file again.
 ProjectResult loadProject(pj_ctx* context);
 
-/// What becomes of a definition that is not stored yet.
+/// The check of a definition that is not stored yet.
 struct ProjectCheck {
   bool usable = false;
-  /// Where the definition's origins lie, in lines for the person; or why it cannot be used.
+  /// Lines for the person with the place of the definition's origins, or why it cannot be used.
   std::string text;
 };
 

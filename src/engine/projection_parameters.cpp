@@ -25,8 +25,8 @@ bool isZone(std::string_view value) {
   return number && *number >= 1.0 && *number <= 60.0 && *number == std::floor(*number);
 }
 
-/// Takes digits, perhaps with decimals, and the mark behind them off the head of `text`; the mark may only be missing
-/// at the end.
+/// Takes digits, possibly with decimals, and the mark after them off the beginning of `text`; the mark may be missing
+/// only at the end.
 bool takePart(std::string_view& text, char mark, double limit) {
   if (text.empty() || text.front() < '0' || text.front() > '9') return false;
   const std::size_t length = std::min(text.find_first_not_of("0123456789."), text.size());
@@ -62,7 +62,7 @@ bool isCrs(std::string_view value) {
   return value == "crs";
 }
 
-/// What programs write beside NAD83 systems: a shift to WGS 84 that is none.
+/// What programs add to NAD83 systems: a zero shift to WGS 84.
 bool isNoShift(std::string_view value) {
   return value == "0,0,0" || value == "0,0,0,0,0,0,0";
 }
@@ -71,7 +71,7 @@ bool isAbsent(std::string_view value) {
   return value.empty();
 }
 
-/// The parameters a definition may have. What speaks of the figure of the earth or of the unit only is not handed on.
+/// The parameters a definition may have. Those that only describe the ellipsoid or the unit are not passed on.
 struct Known {
   std::string_view name;
   bool (*accepts)(std::string_view value);
@@ -118,7 +118,7 @@ std::string quoted(const Parameter& parameter) {
   return text += '"';
 }
 
-/// Where a system's ellipsoid is neither datum's, PROJ gives its size.
+/// Where a system's ellipsoid belongs to neither datum, PROJ gives its size.
 bool isFigureOfTheEarth(std::string_view name) {
   constexpr std::string_view kNames[] = {"a", "b", "rf", "f", "R"};
   return std::ranges::find(kNames, name) != std::end(kNames);
@@ -135,7 +135,7 @@ std::string faultIn(const std::vector<Parameter>& parameters, std::size_t index)
   return &*first == &parameter ? std::string() : quoted(parameter) + " is a second value";
 }
 
-/// The datum that a parameter names, if it is one of those that do.
+/// The datum that a parameter names, if it names one.
 std::optional<Datum> namedDatum(const Parameter& parameter, std::string& reason) {
   for (const Datum datum : kDatums) {
     if (parameter.name == "datum" && parameter.value == nameOf(datum)) return datum;
@@ -147,31 +147,31 @@ std::optional<Datum> namedDatum(const Parameter& parameter, std::string& reason)
 
 }  // namespace
 
-ParametersResult readParameters(std::string_view list, std::optional<Datum> expected) {
+text::Result<Parameters> readParameters(std::string_view list, std::optional<Datum> expected) {
+  using Read = text::Result<Parameters>;
   const std::vector<Parameter> parameters = split(list);
-  ParametersResult result;
+  Parameters result;
   std::optional<Datum> datum = expected;
   for (std::size_t i = 0; i < parameters.size(); ++i) {
     const Parameter& parameter = parameters[i];
-    if (result.reason = faultIn(parameters, i); !result.reason.empty()) return result;
-    const std::optional<Datum> named = namedDatum(parameter, result.reason);
-    if (named && datum && *named != *datum) result.reason = quoted(parameter) + " is of another datum";
-    if (!result.reason.empty()) return result;
+    std::string reason = faultIn(parameters, i);
+    if (!reason.empty()) return Read::failure(reason);
+    const std::optional<Datum> named = namedDatum(parameter, reason);
+    if (named && datum && *named != *datum) reason = quoted(parameter) + " is of another datum";
+    if (!reason.empty()) return Read::failure(reason);
     if (named) datum = named;
     if (!std::ranges::find(kKnown, parameter.name, &Known::name)->handedOn) continue;
-    result.parameters += '+';
-    result.parameters += parameter.name;
-    if (!parameter.value.empty()) (result.parameters += '=') += parameter.value;
-    result.parameters += ' ';
+    result.list += '+';
+    result.list += parameter.name;
+    if (!parameter.value.empty()) (result.list += '=') += parameter.value;
+    result.list += ' ';
   }
   if (std::ranges::find(parameters, "proj", &Parameter::name) == parameters.end()) {
-    result.reason = "no projection is named by \"+proj=\"";
-  } else if (!datum) {
-    result.reason = R"(neither "+ellps=GRS80" (NAD83) nor "+ellps=clrk66" (NAD27) is given)";
-  } else {
-    result.datum = *datum;
-    (result.parameters += "+ellps=") += ellipsoidOf(*datum);
+    return Read::failure("no projection is named by \"+proj=\"");
   }
+  if (!datum) return Read::failure(R"(neither "+ellps=GRS80" (NAD83) nor "+ellps=clrk66" (NAD27) is given)");
+  result.datum = *datum;
+  (result.list += "+ellps=") += ellipsoidOf(*datum);
   return result;
 }
 

@@ -17,7 +17,7 @@ struct ProjectionText {
 /// Reads texts such as "2M", "3 (feet)" or "Projection = 0    (Latitude and Longitude : NAD83)": everything up to the
 /// first "=" is skipped, then blanks; a number, rounded to the nearest whole, is the code; after optional blanks an "M"
 /// of either case stands for metres; then comes the end, a blank or "(", and the rest is ignored. Nothing for any other
-/// text, and for a number that is no 16-bit integer.
+/// text, or for a number that does not fit 16 bits.
 std::optional<ProjectionText> readProjectionText(std::string_view text);
 
 }  // namespace tovak::engine

@@ -1,6 +1,8 @@
 #include "engine/tovakx.h"
 
+#include <algorithm>
 #include <exception>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -15,7 +17,7 @@ namespace {
 constexpr double kVersion = 103.0;
 constexpr std::int16_t kAskForProject = -run::kUserDefinedProject;
 
-/// How the target's name ends a result text.
+/// The target's name as it ends a result text.
 std::string nameInResult(const CoordinateSystem& system, const char* angles) {
   std::string text(1, ' ');
   text += system.name;
@@ -38,23 +40,32 @@ void appendFactors(std::string& out, const std::optional<GridFactors>& factors) 
 
 std::unique_ptr<TovakX> TovakX::create(std::string& reason) {
   ProjContext context = openProj(reason);
-  if (context == nullptr) return nullptr;
+  if (context.get() == nullptr) return nullptr;
   std::unique_ptr<TovakX> engine(new TovakX(std::move(context)));
-  return engine->readCounties(reason) ? std::move(engine) : nullptr;
+  engine->knownGrids_ = readKnownGrids(gridListFile(), reason);
+  return reason.empty() && engine->readCounties(reason) ? std::move(engine) : nullptr;
 }
 
 TovakX::TovakX(ProjContext context) : context_(std::move(context)), systems_(builtInSystems()) {}
 
 bool TovakX::readCounties(std::string& reason) {
   const std::string file = countyFile();
-  zones_ = readCountyZones(file, reason);
-  if (!reason.empty()) return false;
-  for (CoordinateSystem& system : countySystems(context_.get(), file, zones_, reason))
-    systems_.push_back(std::move(system));
-  return reason.empty();
+  text::Result<std::vector<CatalogueZone>> zones = readCountyZones(file);
+  if (!zones) {
+    reason = zones.error;
+    return false;
+  }
+  zones_ = std::move(*zones);
+  text::Result<std::vector<CoordinateSystem>> systems = countySystems(context_.get(), file, zones_);
+  if (!systems) {
+    reason = systems.error;
+    return false;
+  }
+  std::ranges::move(*systems, std::back_inserter(systems_));
+  return true;
 }
 
-/// The project may have been changed since the last run; what was made ready for the old one goes with it.
+/// The project may have been changed since the last run; everything prepared for the old one is dropped.
 void TovakX::readProject() {
   ProjectResult now = loadProject(context_.get());
   if (projectRead_ && now == project_) return;
@@ -84,12 +95,14 @@ std::int16_t TovakX::TovakVert(double& InNorthLat, double& InEastLon, double& El
 
     Point point{.northing = InNorthLat, .easting = InEastLon, .elevation = Elevation};
     std::optional<GridFactors> factors;
-    const Error error = convertPoint(prepared_.pair, point, factors);
+    const Error error = convertPoint(prepared_.pair, point, resultTextsWanted_ ? &factors : nullptr);
     if (error != Error::none) return static_cast<std::int16_t>(error);
 
     OutInfo.clear();
-    appendFactors(OutInfo, factors);
-    OutInfo += LatLongForm == "D" ? prepared_.nameForDecimal : prepared_.name;
+    if (resultTextsWanted_) {
+      appendFactors(OutInfo, factors);
+      OutInfo += LatLongForm == "D" ? prepared_.nameForDecimal : prepared_.name;
+    }
     OutNorthLat = point.northing;
     OutEastLon = point.easting;
     ElevationOut = point.elevation;
@@ -100,7 +113,8 @@ std::int16_t TovakX::TovakVert(double& InNorthLat, double& InEastLon, double& El
 }
 
 std::string TovakX::ErrorText(std::int16_t code) {
-  return errorText(code);
+  const bool gridFault = code == static_cast<std::int16_t>(Error::noGrid) && !shift_.fault().empty();
+  return gridFault ? shift_.fault() : errorText(code);
 }
 
 std::string TovakX::GetProjectionData(std::int16_t code) {
@@ -109,7 +123,7 @@ std::string TovakX::GetProjectionData(std::int16_t code) {
   return system == nullptr ? std::string() : system->name + '~' + run::projectionText(code, false);
 }
 
-/// The project's bare name is for those who convert with it; the longer one stands in lists of systems.
+/// The project's plain name is for conversions; lists of systems show the longer one.
 std::string TovakX::projectData(bool bareName) {
   readProject();
   const std::optional<Project>& project = project_.project;
@@ -123,14 +137,14 @@ std::string TovakX::projectData(bool bareName) {
 
 std::int16_t TovakX::GetProjectionFromText(const std::string& text, std::string& filled) {
   for (const run::LengthUnit unit : {run::LengthUnit::metres, run::LengthUnit::usSurveyFeet}) {
-    const std::string candidate = run::projectionText(run::kUserDefinedProject, unit == run::LengthUnit::metres) + ' ';
+    const std::string candidate = run::projectionText(run::kUserDefinedProject, unit == run::LengthUnit::metres) + '\n';
     if (!text.starts_with(candidate)) continue;
     ProjectCheck check = checkProject(context_.get(), std::string_view(text).substr(candidate.size()), unit);
     filled = std::move(check.text);
     return check.usable ? run::kUserDefinedProject : run::kUnknownCounty;
   }
   filled.clear();
-  const CountyZone* const zone = findZone(zones_, text);
+  const CatalogueZone* const zone = findZone(zones_, text);
   if (zone == nullptr) return run::kUnknownCounty;
   filled += zone->statePlane;
   if (!zone->text.empty()) filled += ' ' + zone->text;
@@ -156,10 +170,10 @@ Error TovakX::preparePair(std::string_view sourceText, std::string_view targetTe
   Error error = prepareSide(*source, Error::unknownSource, pair.source);
   if (error == Error::none) error = prepareSide(*target, Error::unknownTarget, pair.target);
   if (error != Error::none) return error;
-  if (pair.target.projection != nullptr) pair.factors = projections_.findFactors(context_.get(), *pair.target.system);
+  findShortcut(pair);
 
   if (pair.source.system->datum == pair.target.system->datum) return Error::none;
-  if (!shift_.open(context_.get())) return Error::noGrid;
+  if (!shift_.open(context_, knownGrids_)) return Error::noGrid;
   pair.shift = &shift_;
   return Error::none;
 }

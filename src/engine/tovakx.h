@@ -9,6 +9,7 @@
 #include "engine/catalogue.h"
 #include "engine/conversion_pair.h"
 #include "engine/county_zones.h"
+#include "engine/datum_grid.h"
 #include "engine/datum_shift.h"
 #include "engine/error.h"
 #include "engine/proj_objects.h"
@@ -22,11 +23,12 @@ namespace tovak::engine {
 /// Knows the systems of the catalogue, the county zones of the agency's file and the one user-defined project, in
 /// metres and U.S. survey feet.
 ///
-/// The projection texts are those that `readProjectionText` describes; what a pair of them needs is made ready when the
-/// pair first comes, so points of one pair in a row cost no more than their own computation.
+/// The projection texts are those that `readProjectionText` describes; a pair of them is prepared when it first comes,
+/// so further points of the same pair cost no more than their own computation.
 class TovakX final : public run::ConversionEngine {
  public:
-  /// Null when PROJ or the file of the county zones is not in order; then `reason` receives one line that says why.
+  /// Null when PROJ, the file of the county zones or that of the known grids is not in order; then `reason` receives
+  /// one line that says why.
   static std::unique_ptr<TovakX> create(std::string& reason);
 
   double GetVersion() override;
@@ -37,9 +39,10 @@ class TovakX final : public run::ConversionEngine {
   std::string ErrorText(std::int16_t code) override;
   std::string GetProjectionData(std::int16_t code) override;
   std::int16_t GetProjectionFromText(const std::string& text, std::string& filled) override;
+  void wantResultTexts(bool wanted) override { resultTextsWanted_ = wanted; }
 
  private:
-  /// A pair of projection texts and what came of them. That of two empty texts is what it begins with.
+  /// A pair of projection texts and what was prepared for them; at first two empty texts.
   struct Prepared {
     std::string sourceText;
     std::string targetText;
@@ -59,13 +62,15 @@ class TovakX final : public run::ConversionEngine {
   Error prepareSide(const ProjectionText& text, Error unknown, Side& side);
 
   ProjContext context_;                    // outlives the objects made in it
-  std::vector<CoordinateSystem> systems_;  // stays as it is once the engine has started
-  std::vector<CountyZone> zones_;
+  std::vector<CoordinateSystem> systems_;  // unchanged once the engine has started
+  std::vector<CatalogueZone> zones_;
+  std::vector<KnownGrid> knownGrids_;
   ProjectResult project_;
   bool projectRead_ = false;
   Projections projections_;
   DatumShift shift_;
   Prepared prepared_;
+  bool resultTextsWanted_ = true;
 };
 
 }  // namespace tovak::engine

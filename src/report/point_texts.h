@@ -8,7 +8,7 @@
 
 namespace tovak::report {
 
-/// Without blanks at either end; whoever shows them aligns them.
+/// Without blanks at either end; alignment is up to the caller.
 struct PointTexts {
   std::string northing;  ///< of the source, or its latitude
   std::string easting;
@@ -19,8 +19,8 @@ struct PointTexts {
 
 /// Fills `texts`, whose memory is kept from point to point, from a record that the engine has converted. Lengths have
 /// the precision of the run. Angles are decimal degrees with nine decimals when that is the run's form, else degrees,
-/// minutes and seconds with five, blanks between; west and south are negative. Source coordinates that the reader has
-/// texts of its own for are shown as it kept them.
+/// minutes and seconds with five, blanks between; west and south are negative. Source coordinates for which the reader
+/// has its own texts are shown as it kept them.
 void makePointTexts(const run::PointRecord& point, const run::RunSettings& settings, PointTexts& texts);
 
 }  // namespace tovak::report

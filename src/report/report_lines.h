@@ -17,13 +17,13 @@ inline constexpr std::size_t kRuleLength = 76;
 /// 76 em dashes, in UTF-8.
 const std::string& ruleText();
 
-/// The rule with the blanks in front of it: the line that closes the head of a page.
+/// The rule with the blanks before it: the line that closes the head of a page.
 const std::string& ruleLine();
 
 /// "Page" and the number, right-aligned in eleven characters; of longer ones the rightmost eleven are kept.
 std::string pageText(int number);
 
-/// What the line of units in every report holds, and nothing else is likely to.
+/// A text in the line of units of every report that is unlikely to occur elsewhere.
 inline constexpr std::string_view kReportMark = "3.280833333";
 
 }  // namespace tovak::report

@@ -9,11 +9,11 @@
 namespace tovak::report {
 namespace {
 
-/// Wider lines would make the letters of a whole report small, as the reason of a refused point is wide.
+/// A wider limit would print a whole report in small letters because of one refused point with a long reason.
 constexpr std::size_t kMostColumns = 100;
 
-/// A page that needs no more lines than this is kept on one sheet, in smaller letters; longer ones are cut into sheets
-/// of an ordinary height.
+/// A page with no more lines than this is kept on one sheet, in smaller letters; longer ones are cut into sheets of
+/// ordinary height.
 constexpr std::size_t kMostLines = 96;
 constexpr std::size_t kOrdinaryLines = 68;
 
@@ -30,7 +30,7 @@ struct LineBuilder {
   }
 };
 
-/// What of a text goes on one line of paper. Words stay whole, unless that left half of the line empty.
+/// The part of a text that goes on one line of paper. Words stay whole, unless that would leave half of the line empty.
 std::string_view firstLineOf(std::string_view text) {
   const std::string_view line = text::firstCharacters(text, kMostColumns);
   const std::size_t blank = line.rfind(' ');
@@ -75,7 +75,7 @@ ReportSheets::Piece ReportSheets::take() {
   return pageEnds ? Piece::PageEnd : Piece::Line;
 }
 
-/// The same without the head of a page, where that is replaced: what stands above the first rule.
+/// The same without the head of a page, that is the lines above the first rule, where the head is replaced.
 ReportSheets::Piece ReportSheets::takeBodyPiece() {
   for (;;) {
     const Piece piece = take();

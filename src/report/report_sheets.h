@@ -16,16 +16,16 @@ namespace tovak::report {
 /// The lines of one sheet, as characters for a fixed pitch: no control characters, not necessarily valid UTF-8.
 using Sheet = std::vector<std::string>;
 
-/// What the sheets of a report need of the paper.
+/// The room that the sheets of a report need on paper.
 struct SheetSize {
   std::size_t columns = 0;  ///< characters of the widest line
   std::size_t lines = 0;    ///< of the tallest sheet
   int sheets = 0;
 };
 
-/// Cuts a file at its form feeds, one sheet a page. A line of more than 100 characters goes on in the next, between
-/// two words where it can; a page of more lines than can be read on one sheet goes on on the next. Any bytes will do,
-/// and memory does not grow with the file.
+/// Cuts a file at its form feeds, one sheet a page. A line of more than 100 characters is broken, between two words
+/// where possible; a page with too many lines for one sheet continues on the next. The file may hold any bytes, and
+/// memory does not grow with it.
 class ReportSheets {
  public:
   /// From byte `start` of the file on. With a heading, which is for the report of a run, every sheet has the printed
@@ -39,9 +39,9 @@ class ReportSheets {
   /// Opens the file and reads it once to learn the size. False: `error()` says why.
   bool open();
   const SheetSize& size() const { return size_; }
-  /// Begins again at the first sheet.
+  /// Goes back to the first sheet.
   bool rewind();
-  /// The next sheet; false behind the last one, and when the file failed.
+  /// The next sheet; false after the last one, and when the file failed.
   bool next(Sheet& sheet);
 
   const std::string& fileName() const { return fileName_; }

@@ -1,6 +1,8 @@
 #include "report/report_writer.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -8,7 +10,6 @@
 
 #include "report/point_texts.h"
 #include "report/report_lines.h"
-#include "run/format_index.h"
 #include "run/labels.h"
 #include "run/projection_code.h"
 #include "text/fixed_columns.h"
@@ -35,7 +36,7 @@ constexpr std::size_t kGridWidth = 11;
 constexpr std::size_t kWideGridWidth = 12;  ///< of transverse Mercator northings in feet
 constexpr std::size_t kAngleWidth = 15;
 
-/// How the coordinates of one side stand in a block.
+/// How the coordinates of one side are placed in a block.
 struct Side {
   std::size_t column;
   bool latLong;
@@ -51,7 +52,8 @@ Side makeSide(std::size_t column, std::int16_t code, bool metres, std::string_vi
 
 /// Grid projections of which the convergence angle is shown.
 bool showsTheta(std::int16_t code) {
-  return (code >= 2 && code <= 102) || (code >= 105 && code <= 107) || code == 268;
+  const bool countyZone = code >= run::kFirstCountyZone && code <= run::kLastCountyZone;
+  return run::isStatePlane(code) || countyZone || code == run::kLastProjectionCode;
 }
 
 std::string makeTitle(const run::ReportHeading& heading) {
@@ -66,30 +68,33 @@ std::string makeColumnHead(const run::RunSettings& settings) {
   return head += ')';
 }
 
-/// What stands in the file that a report is to be put behind.
+/// What is known of the file that a report is to be appended to.
 struct EarlierContents {
   bool report = false;    ///< a report is among them
   bool openLine = false;  ///< the last line has no end
 };
 
-/// Reads in blocks, whatever the bytes are. A file that cannot be read is taken for an empty one: it costs a page
-/// break, and if it cannot be written either, that is reported.
+/// Reads in blocks from the end, near which an earlier report has its last line of units, whatever the bytes are. A
+/// file that cannot be read is taken for an empty one: the worst result is a missing page break, and if it cannot be
+/// written either, that is reported.
 EarlierContents examine(const std::string& fileName) {
   EarlierContents contents;
   std::error_code unknown;
   if (!std::filesystem::is_regular_file(fileName, unknown)) return contents;
-  std::ifstream file(fileName, std::ios::binary);
-  constexpr std::size_t kOverlap = kReportMark.size() - 1;
-  std::array<char, 65536> block{};
-  std::size_t kept = 0;
-  while (file) {
-    file.read(block.data() + kept, static_cast<std::streamsize>(block.size() - kept));
-    const std::string_view read(block.data(), kept + static_cast<std::size_t>(file.gcount()));
-    if (read.size() == kept) break;
-    contents.report = contents.report || read.find(kReportMark) != std::string_view::npos;
-    contents.openLine = read.back() != '\n';
-    kept = std::min(kOverlap, read.size());
-    std::copy(read.end() - static_cast<std::ptrdiff_t>(kept), read.end(), block.begin());
+  std::ifstream file(fileName, std::ios::binary | std::ios::ate);
+  constexpr std::ptrdiff_t kBlockSize = 65536;
+  constexpr std::ptrdiff_t kOverlap = kReportMark.size() - 1;
+  std::array<char, kBlockSize + kOverlap> block{};
+  std::ptrdiff_t kept = 0;  // of the block behind
+  for (std::ptrdiff_t left = file.tellg(), size = left; left > 0 && !contents.report;) {
+    const std::ptrdiff_t count = std::min(left, kBlockSize);
+    std::copy_backward(block.begin(), block.begin() + kept, block.begin() + count + kept);
+    left -= count;
+    if (!file.seekg(left).read(block.data(), count)) break;
+    const std::string_view read(block.data(), static_cast<std::size_t>(count + kept));
+    if (left + count == size) contents.openLine = read.back() != '\n';
+    contents.report = read.find(kReportMark) != std::string_view::npos;
+    kept = std::min(kOverlap, count + kept);
   }
   return contents;
 }
@@ -145,11 +150,6 @@ bool ReportWriter::putLine(std::size_t column, std::string_view before, std::str
 }
 
 bool ReportWriter::begin() {
-  if (settings_.appendReport) {
-    const EarlierContents earlier = examine(settings_.reportFileName);
-    if (earlier.openLine && !lines_.writeLine({})) return false;
-    if (earlier.report && !lines_.writeLine(kNewPage)) return false;
-  }
   return startPage();
 }
 
@@ -164,13 +164,13 @@ bool ReportWriter::startPage() {
 }
 
 bool ReportWriter::putFiles() {
-  const bool fromKeyboard = settings_.sourceFormat == run::source::Keyboard;
-  const bool toScreen = settings_.targetFormat == run::target::ScreenOnly;
-  const bool put = fromKeyboard ? putLine(kHeadColumn, "Source Data:Input From Keyboard")
-                                : putLine(kHeadColumn, "Input  File:", settings_.source.fileName);
+  const std::string& input = settings_.source.fileName;
+  const std::string& output = settings_.target.fileName;
+  const bool put = input.empty() ? putLine(kHeadColumn, "Source Data:Input From Keyboard")
+                                 : putLine(kHeadColumn, "Input  File:", input);
   if (!put) return false;
-  if (!(toScreen ? putLine(kHeadColumn, "Target Data:Output To Screen")
-                 : putLine(kHeadColumn, "Output File:", settings_.target.fileName))) {
+  if (!(output.empty() ? putLine(kHeadColumn, "Target Data:Output To Screen")
+                       : putLine(kHeadColumn, "Output File:", output))) {
     return false;
   }
   const std::string& description = settings_.reportDescription;
@@ -192,12 +192,14 @@ bool ReportWriter::closePage() {
   return putLine(kLeftColumn, ruleText()) && putLine(kUnitsColumn, kUnitsLine);
 }
 
-/// The line of hyphens, and behind it the first line up to its text, to which more can be put.
+/// The line of hyphens, and after it the first line up to its text, to which more can be added.
 bool ReportWriter::startBlock(const run::PointRecord& point, std::string_view text) {
   static const std::string kHyphens(kRuleLength, '-');
   if (pointsOnPage_ == kPointsPerPage && !startPage()) return false;
   ++pointsOnPage_;
-  if (!putLine(kLeftColumn, kHyphens)) return false;
+  line_.advanceTo(kLeftColumn);
+  line_.put(kHyphens);
+  line_.nextLine();
   line_.advanceTo(kLeftColumn);
   line_.putText(point.pointNumber);
   line_.advanceTo(kDescriptionColumn);
@@ -226,7 +228,7 @@ bool ReportWriter::write(const run::PointRecord& point) {
   makePointTexts(point, settings_, texts_);
   if (!startBlock(point, point.description)) return false;
   if (point.Elevation != 0) putElevation("ZC:");
-  if (!line_.end()) return false;
+  line_.nextLine();
 
   putCoordinate(source_, "YC:", "LT:", texts_.northing);
   putCoordinate(target_, "YC:", "LT:", texts_.targetNorthing);
@@ -236,9 +238,9 @@ bool ReportWriter::write(const run::PointRecord& point) {
     const std::string_view result = point.OutInfo;
     line_.putText(result.substr(0, result.find(' ')));
   }
-  // Geoid and ellipsoid heights only decide whether the elevation is shown once more.
+  // Geoid and ellipsoid heights only decide whether the elevation is shown a second time.
   if (text::leadingNumber(point.geoidHeight) != 0) putElevation("HG:");
-  if (!line_.end()) return false;
+  line_.nextLine();
 
   putCoordinate(source_, "XC:", "LG:", texts_.easting);
   putCoordinate(target_, "XC:", "LG:", texts_.targetEasting);
@@ -258,6 +260,14 @@ bool ReportWriter::end() {
 
 std::unique_ptr<run::PointWriter> makeReportWriter(const run::ReportContext& context) {
   return std::make_unique<ReportWriter>(context);
+}
+
+std::string reportJoint(const std::string& fileName) {
+  const EarlierContents earlier = examine(fileName);
+  std::string joint;
+  if (earlier.openLine) joint += text::LineWriter::kLineEnd;
+  if (earlier.report) joint.append(kNewPage).append(text::LineWriter::kLineEnd);
+  return joint;
 }
 
 }  // namespace tovak::report

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "run/format_index.h"
+#include "run/labels.h"
 #include "run/projection_code.h"
 #include "text/file_identity.h"
 
@@ -28,12 +29,12 @@ bool oneFile(const std::string& a, const std::string& b) {
   return a == b || text::sameFile(a, b);
 }
 
-/// Whether a run reads the file of that name. The geodetic database is read from several.
+/// Whether a run reads the file of that name. A geodetic database source may have several files.
 bool isRead(const Settings& settings, const std::string& name) {
   if (sourceIs(settings, source::Keyboard)) return false;
   if (oneFile(settings.source.fileName, name)) return true;
   return sourceIs(settings, source::GeodeticCsv) &&
-         std::ranges::any_of(settings.geodeticCsv.sheets,
+         std::ranges::any_of(settings.options.geodeticCsv.sheets,
                              [&](const std::string& sheet) { return oneFile(sheet, name); });
 }
 
@@ -58,8 +59,8 @@ const CombinationRule& reportCollision() {
   return kRule;
 }
 
-const std::array<CombinationRule, 17>& rules() {
-  static const std::array<CombinationRule, 17> kRules = {{
+const auto& rules() {
+  static const auto kRules = std::to_array<CombinationRule>({
       {[](const Settings& s) {
          return s.SourceProjectionCode == kUserDefinedProject && s.TargetProjectionCode == kUserDefinedProject;
        },
@@ -111,11 +112,12 @@ const std::array<CombinationRule, 17>& rules() {
        {"Geodimeter Raw format not valid with NAD27 or NAD83 lat/long map projection", "Invalid target combination",
         Icon::Exclamation}},
       {[](const Settings& s) {
-         return (targetIs(s, target::DeLorme) || targetIs(s, target::Maptech)) &&
-                s.TargetProjectionCode != kLatLongNad83;
+         const bool gps =
+             targetIs(s, target::DeLorme) || targetIs(s, target::Maptech) || targetIs(s, target::WayPointsPlus);
+         return gps && s.TargetProjectionCode != kLatLongNad83;
        },
        {"This format holds NAD83 latitude and longitude only.", "Invalid target combination", Icon::Exclamation}},
-  }};
+  });
   return kRules;
 }
 
@@ -136,7 +138,7 @@ const Message* fileCollision(const RunSettings& settings) {
 }
 
 bool crossesDatums(const RunSettings& settings) {
-  return isNad27(settings.SourceProjectionCode) != isNad27(settings.TargetProjectionCode);
+  return isOnNad27(settings, settings.SourceProjectionCode) != isOnNad27(settings, settings.TargetProjectionCode);
 }
 
 }  // namespace tovak::run

@@ -6,8 +6,9 @@
 
 namespace tovak::run {
 
-/// The message of the first rule that the selections break, or null. The rules are tried in a fixed order; uneven icons
-/// and wordings among them, and pairs of formats of which only one is named, are as the program has always had them.
+/// The message of the first rule that the selections break, or null. The rules are tried in a fixed order. Their icons
+/// and wordings differ here and there, and some rules name only one of two similar formats; users know them this way,
+/// so they stay.
 const Message* firstBrokenRule(const RunSettings& settings);
 
 /// The message when source and target (unless keyboard or screen), or the report file and either, are one file; or

@@ -1,7 +1,6 @@
-/// The conversion engine: five operations on one instance, called from one thread, one call at a time.
+/// The conversion engine: five operations and a setting on one instance, called from one thread, one call at a time.
 ///
-/// Arguments and operations bear the engine's own names; a program that drives the engine through another binding finds
-/// them under the same ones.
+/// Operations and arguments keep the engine's own names, the same in every binding.
 #pragma once
 
 #include <cstdint>
@@ -31,16 +30,16 @@ class ConversionEngine {
   ///
   /// `InNorthLat` and `InEastLon` are northing and easting in the units that `SourceProjection` declares, or latitude
   /// and longitude in decimal degrees, west negative. `Elevation` is in the source's units; callers pass the same
-  /// variable as `ElevationOut`, which receives the elevation in the target's units. `OutNorthLat` and `OutEastLon`
-  /// are written in the target's units or decimal degrees. `OutInfo` receives a text about the result, of words parted
-  /// by one blank: the convergence of the target at the point (D-MM-SS.ss, the sign in front, positive where grid north
-  /// is east of true north), the scale factor there (nine decimals), and the target's name. A target without them has
-  /// "0-00-00.00" and "1". An engine that computes nothing leaves the text empty.
-  /// `LatLongForm` is "S" (degrees, minutes, seconds), "D" (decimal degrees) or empty (the engine's own default); it
-  /// touches nothing but the wording of `OutInfo`.
+  /// variable as `ElevationOut`, which receives the elevation in the target's units. `OutNorthLat` and `OutEastLon` are
+  /// written in the target's units or decimal degrees. `OutInfo` receives a text about the result, with single blanks
+  /// between its words: the convergence of the target at the point (D-MM-SS.ss with a leading sign, positive where grid
+  /// north is east of true north), the scale factor there (nine decimals), and the target's name. A target without them
+  /// has "0-00-00.00" and "1". An engine that computes nothing leaves the text empty, as does an engine that was told
+  /// not to make it. `LatLongForm` is "S" (degrees, minutes, seconds), "D" (decimal degrees) or empty (the engine's own
+  /// default); it touches nothing but the wording of `OutInfo`.
   ///
-  /// Returns 0 or less for success. 1 and more is a failure, put into words by `ErrorText`; coordinates and elevation
-  /// are then left as they were.
+  /// Returns 0 or less for success. 1 or more is a failure, described by `ErrorText`; coordinates and elevation are
+  /// then left as they were.
   virtual std::int16_t TovakVert(double& InNorthLat, double& InEastLon, double& Elevation,
                                  const std::string& SourceProjection, double& OutNorthLat, double& OutEastLon,
                                  double& ElevationOut, const std::string& TargetProjection, std::string& OutInfo,
@@ -51,16 +50,20 @@ class ConversionEngine {
 
   /// For -263: the user-defined project's display name, "~" and its projection text with the mark of its unit, or a
   /// text that contains "None Selected"; a text without "~" is the reason why a project that was set up cannot be used.
-  /// The engine looks at its project anew. For 0 to 268: the system's name, "~" and its projection text; empty for a
-  /// code the engine does not know.
+  /// The engine reads its project again. For 0 to 268: the system's name, "~" and its projection text; empty for a code
+  /// the engine does not know.
   virtual std::string GetProjectionData(std::int16_t code) = 0;
 
   /// The projection code of a county zone (county name, one blank, zone word), 999 when unknown. `filled` receives the
   /// letter of the county's state plane zone and, where the zone has a text, a blank and that text; nothing for 999.
   ///
-  /// Of a text made of "263" or "263M", one blank and a definition, the engine says whether it could be the
-  /// user-defined project: 263, or 999; `filled` receives what to tell the person about it.
+  /// Of a `definitionRequest` the engine says whether the definition could be the user-defined project: 263, or 999;
+  /// `filled` receives what to tell the person about it, for 263 with the datum alone in the first line (`toldDatum`).
   virtual std::int16_t GetProjectionFromText(const std::string& text, std::string& filled) = 0;
+
+  /// Whether result texts are wanted for the points that follow. They are made unless the engine is told otherwise; an
+  /// engine may ignore this.
+  virtual void wantResultTexts(bool /*wanted*/) {}
 };
 
 /// The one function an engine module exports, under the name `kEngineFactoryName`. Returns a new engine, or null when

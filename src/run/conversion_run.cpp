@@ -1,20 +1,19 @@
 #include "run/conversion_run.h"
 
-#include <cmath>
 #include <cstdint>
-#include <memory>
+#include <filesystem>
 #include <optional>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
+#include "run/account_lines.h"
 #include "run/combination_rules.h"
-#include "run/default_numbering.h"
-#include "run/format_index.h"
-#include "run/projection_box.h"
+#include "run/corridor.h"
 #include "run/projection_code.h"
 #include "run/run_messages.h"
 #include "run/run_outputs.h"
-#include "text/line_reader.h"
+#include "run/vector_registers.h"
 #include "text/strings.h"
 
 namespace tovak::run {
@@ -22,76 +21,87 @@ namespace {
 
 class ConversionRun {
  public:
-  ConversionRun(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats, Person& person)
+  ConversionRun(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats, const Audience& audience)
       : settings_(settings),
         engine_(engine),
-        person_(person),
-        source_(formats.sources[static_cast<std::size_t>(settings.sourceFormat)]),
-        target_(formats.targets[static_cast<std::size_t>(settings.targetFormat)]),
-        outputs_(settings, formats, person) {}
+        audience_(audience),
+        person_(audience.person),
+        corridor_(settings, engine, formats, result_.counts),
+        source_(corridor_.source()),
+        target_(corridor_.target()),
+        outputs_(settings, formats, corridor_.doubts(), audience.screen) {}
 
   RunResult execute();
 
  private:
   // Each step returns false when it has stopped the run.
-  bool checkGeodeticCsvChoice();
+  bool checkFileNames();
   bool exportFile();
-  void prepareFormats();
-  bool checkCombination();
+  bool mayReplaceTarget();
+  bool prepare();
   bool confirmWarnings();
-  bool takeProjectionTexts();
-  bool takeUserDefinedProject(SideSettings& side);
   bool completeTargetName();
-  bool openSource();
   bool openOutputs();
   bool convertPoints();
   bool finish();
 
-  bool prepare();
-  bool interpretAngles(PointRecord& point) const;
+  void settleResult();
+  Message withAccount(Message message);
   bool convertPoint(PointRecord& point);
-  bool writePoint(const PointRecord& point);
-  bool skip(const PointRecord& point, Tally& tally, const std::string& reason);
+  bool skip(const PointRecord& point, const Refusal& refusal);
   bool endOfSource();
   bool stopKeepingPoints(const Message& message);
   bool stopForOutputs() { return stop(systemMessage(outputs_.error())); }
+  std::string targetStands() const {
+    return messages::targetStands(outputs_.targetState(), result_.counts, settings_.target.fileName);
+  }
 
   bool interactive() const { return settings_.BatchMode == 0; }
-  bool readsSeveralFiles() const {
-    return settings_.sourceFormat == source::GeodeticCsv && settings_.geodeticCsv.sheets.size() > 1;
-  }
   void report(const Message& message);
   bool stop(const Message& message);
+  bool allows(const std::optional<Message>& problem) { return !problem || stop(*problem); }
 
   RunSettings& settings_;
   ConversionEngine& engine_;
+  const Audience audience_;
   Person& person_;
-  const SourceFormat& source_;
-  const TargetFormat& target_;
 
   RunResult result_;
-  Message readerMessage_;
-  text::LineReader sourceLines_;
-  std::unique_ptr<PointReader> reader_;
+  Corridor corridor_;
+  const SourceFormat& source_;
+  const TargetFormat& target_;
   RunOutputs outputs_;
 };
 
 RunResult ConversionRun::execute() {
-  // Formats chosen in the editor come back after a run that put built-in ones in their place.
+  // The formats chosen in the editor are restored after a run that used built-in ones instead.
   const DelimitedFormat chosenSource = settings_.sourceDelimited;
   const DelimitedFormat chosenTarget = settings_.targetDelimited;
   result_.outcome = RunOutcome::Finished;
-  const bool finished = source_.kind == SourceKind::AgencyRun ? exportFile() : prepare() && convertPoints() && finish();
+  engine_.wantResultTexts(outputs_.showsPoints());
+  const bool agencyRun = source_.kind == SourceKind::AgencyRun;
+  const bool finished =
+      checkFileNames() && (agencyRun ? mayReplaceTarget() && exportFile() : prepare() && convertPoints() && finish());
   if (!finished) result_.outcome = RunOutcome::Stopped;
+  settleResult();
   settings_.sourceDelimited = chosenSource;
   settings_.targetDelimited = chosenTarget;
   return std::move(result_);
 }
 
+void ConversionRun::settleResult() {
+  corridor_.settleDoubts();
+  result_.target = outputs_.targetState();
+  result_.targetName = settings_.target.fileName;
+}
+
 bool ConversionRun::prepare() {
-  if (!checkGeodeticCsvChoice()) return false;
-  prepareFormats();
-  return checkCombination() && confirmWarnings() && takeProjectionTexts() && completeTargetName() && openSource() &&
+  if (!allows(corridor_.checkChoices())) return false;
+  corridor_.prepareFormats();
+  if (!allows(corridor_.checkProjections()) || !confirmWarnings()) return false;
+  const std::optional<Message> projectProblem = corridor_.takeProjectionTexts();
+  if (projectProblem && projectProblem->text.empty()) return false;
+  return allows(projectProblem) && completeTargetName() && allows(corridor_.openSource(audience_.typedPoints)) &&
          openOutputs();
 }
 
@@ -101,143 +111,124 @@ void ConversionRun::report(const Message& message) {
   if (interactive()) person_.show(message);
 }
 
+/// Stops the run; a message without a detail is given one that says what happens to a target already begun.
 bool ConversionRun::stop(const Message& message) {
-  report(message);
+  Message complete = message;
+  if (complete.detail.empty()) complete.detail = targetStands();
+  report(recordsRead(result_.counts) == 0 ? complete : withAccount(std::move(complete)));
   return false;
 }
 
-bool ConversionRun::checkGeodeticCsvChoice() {
-  if (settings_.sourceFormat != source::GeodeticCsv) return true;
-  const GeodeticCsvChoice& choice = settings_.geodeticCsv;
-  if (choice.horizontal == 0) return stop(messages::horizontalReferenceMissing());
-  if (choice.zonesOffered && choice.zoneSuffix.empty()) return stop(messages::countyZoneMissing());
-  settings_.source.metres = false;
-  settings_.source.projectionText = projectionText(settings_.SourceProjectionCode, false);
-  settings_.latLongForm = text::AngleForm::DegreesMinutesSeconds;
+bool ConversionRun::checkFileNames() {
+  if (source_.kind != SourceKind::Keyboard && settings_.source.fileName.empty())
+    return stop(messages::sourceNameMissing());
+  if (target_.kind != TargetKind::Screen && settings_.target.fileName.empty())
+    return stop(messages::targetNameMissing());
   return true;
 }
 
-/// Agency exports drive the engine themselves and never meet the combination rules.
+/// Agency exports drive the engine themselves, and the combination rules do not apply to them.
 bool ConversionRun::exportFile() {
   Message message;
   const ExportContext context = {
-      .settings = settings_, .engine = engine_, .counts = result_.counts, .person = person_, .message = message};
+      .settings = settings_,
+      .engine = engine_,
+      .counts = result_.counts,
+      .message = message,
+      .targetIsPartner = source_.partner && source_.partner->format == settings_.targetFormat,
+      .progress = audience_.progress};
   if (!source_.exportFile(context)) return stop(message);
-  if (interactive()) person_.show(message);
+  if (interactive()) person_.show(withAccount(std::move(message)));
   return true;
 }
 
-void ConversionRun::prepareFormats() {
-  if (!interactive()) {
-    for (DelimitedFormat* format : {&settings_.sourceDelimited, &settings_.targetDelimited}) {
-      format->fieldCodes = kStandardFieldCodes;
-      format->delimiter = ',';
-    }
+/// The last message to the person, with the account as smaller text unless everything simply went well.
+Message ConversionRun::withAccount(Message message) {
+  settleResult();
+  const RecordCounts& counts = result_.counts;
+  const bool inDoubt = anyDoubt(counts.doubts);
+  if (inDoubt) message.icon = Icon::Exclamation;
+  if (!inDoubt && recordsSkipped(counts) == 0 && counts.converted > 0) return message;
+  const std::string told = message.detail;
+  for (const std::string& line : accountLines(result_)) {
+    const bool isTold = line == message.text || (!told.empty() && line.ends_with(told));
+    if (!isTold) message.detail += (message.detail.empty() ? "" : "\n") + line;
   }
-  if (source_.prepare != nullptr) source_.prepare(settings_);
-  if (target_.prepare != nullptr) target_.prepare(settings_);
-}
-
-bool ConversionRun::checkCombination() {
-  if (const Message* const broken = firstBrokenRule(settings_)) return stop(*broken);
-  return target_.kind != TargetKind::AgencyRun || stop(messages::batchSourceMissing());
+  return message;
 }
 
 bool ConversionRun::confirmWarnings() {
   if (!interactive()) return true;
-  if (settings_.targetFormat == target::TrimbleWaypoints && isLatLong(settings_.TargetProjectionCode) &&
-      !person_.confirm(messages::waypointsInLatLong())) {
+  if (target_.latLongQuestion != nullptr && isLatLong(settings_.TargetProjectionCode) &&
+      !person_.confirm(target_.latLongQuestion())) {
     return false;
   }
   if (crossesDatums(settings_)) person_.show(messages::crossingDatums());
   return true;
 }
 
-/// Takes name, text and unit of a user-defined project from the engine; the side has only a name where there is none.
-/// False when a source has none, or when the project cannot be used.
-bool ConversionRun::takeUserDefinedProject(SideSettings& side) {
-  const std::string data = engine_.GetProjectionData(-kUserDefinedProject);
-  const std::size_t separator = data.find('~');
-  const bool none = data.find("None Selected") != std::string::npos;
-  side.displayName = data.substr(0, separator);
-  side.projectionText.clear();
-  if (separator != std::string::npos) {
-    side.projectionText = data.substr(separator + 1);
-    side.metres = marksMetres(side.projectionText);
-  } else if (!none) {
-    return stop(messages::projectUnusable(data));
-  }
-  // A target project that is not set up goes to the engine as it is, and the engine refuses its points.
-  return !none || &side == &settings_.target;
-}
-
-bool ConversionRun::takeProjectionTexts() {
-  settings_.source.displayName.clear();
-  settings_.target.displayName.clear();
-  if (settings_.SourceProjectionCode == kUserDefinedProject && !takeUserDefinedProject(settings_.source)) return false;
-  return settings_.TargetProjectionCode != kUserDefinedProject || takeUserDefinedProject(settings_.target);
+bool ConversionRun::mayReplaceTarget() {
+  std::error_code unknown;
+  const std::string& name = settings_.target.fileName;
+  const bool asks = interactive() && target_.kind != TargetKind::Screen;
+  return !asks || !std::filesystem::is_regular_file(name, unknown) || person_.mayReplace(name);
 }
 
 bool ConversionRun::completeTargetName() {
   std::string& name = settings_.target.fileName;
   if (!text::endsWithIgnoringCase(name, target_.fileNameEnding)) {
-    if (interactive() && !person_.confirm(messages::changeFileName())) return false;
+    if (interactive() && !person_.confirm(target_.fileNameQuestion())) return false;
     name += target_.fileNameEnding;
     if (const Message* const collision = fileCollision(settings_)) return stop(*collision);
   }
+  if (!mayReplaceTarget()) return false;
   if (!interactive() || target_.options == TargetOptions::None) return true;
   return person_.chooseTargetOptions(target_.options);
 }
 
-bool ConversionRun::openSource() {
-  if (source_.kind == SourceKind::File && !sourceLines_.open(settings_.source.fileName)) {
-    return stop(systemMessage(sourceLines_.error()));
-  }
-  reader_ = source_.makeReader({.lines = sourceLines_,
-                                .settings = settings_,
-                                .counts = result_.counts,
-                                .person = person_,
-                                .message = readerMessage_,
-                                .otherLines = target_.takesOtherLines ? &outputs_.targetLines() : nullptr});
-  if (reader_->check()) return true;
-  const bool faulty = sourceLines_.fault() != text::LineReader::Fault::None;
-  return stop(faulty ? systemMessage(sourceLines_.error()) : readerMessage_);
-}
-
 bool ConversionRun::openOutputs() {
+  corridor_.findDoubts();
   if (settings_.reportEnabled && settings_.reportFileName.empty()) return stop(messages::reportNameMissing());
   return outputs_.open(engine_) || stopForOutputs();
 }
 
 bool ConversionRun::convertPoints() {
   PointRecord point;
+  clearUpperVectorHalves();
   for (std::uint64_t turn = 1;; ++turn) {
-    resetPoint(point);
-    switch (reader_->read(point)) {
+    switch (corridor_.read(point)) {
       case ReadState::Point:
         if (!convertPoint(point)) return false;
+        break;
+      case ReadState::OtherLines:
+        if (!outputs_.writeOtherLines(point.otherLines)) return stopForOutputs();
         break;
       case ReadState::End:
         return endOfSource();
       case ReadState::EndedEarly:
         result_.outcome = RunOutcome::EndedEarly;
-        report(readerMessage_);
+        report(corridor_.readerMessage());
         return true;
       case ReadState::Stopped:
-        return stopKeepingPoints(readerMessage_);
+        return stopKeepingPoints(corridor_.readerMessage());
     }
-    if (turn % kProgressStep == 0) person_.progress(recordsRead(result_.counts));
+    if (turn % kProgressStep == 0 && audience_.progress != nullptr) {
+      audience_.progress->progress(recordsRead(result_.counts));
+      clearUpperVectorHalves();
+    }
   }
 }
 
 bool ConversionRun::endOfSource() {
-  switch (sourceLines_.fault()) {
+  const text::LineReader& lines = corridor_.lines();
+  if (lines.sourceChanged()) addTo(tallyOf(result_.counts.doubts, Doubt::SourceChanged), 0);
+  switch (lines.fault()) {
     case text::LineReader::Fault::None:
       return true;
     case text::LineReader::Fault::System:
-      return stop(systemMessage(sourceLines_.error()));
+      return stop(systemMessage(lines.error()));
     case text::LineReader::Fault::LineTooLong:
-      return stopKeepingPoints(systemMessage(sourceLines_.error()));
+      return stopKeepingPoints(systemMessage(lines.error()));
   }
   return true;
 }
@@ -246,69 +237,45 @@ bool ConversionRun::stopKeepingPoints(const Message& message) {
   return outputs_.finish(false) ? stop(message) : stopForOutputs();
 }
 
-/// False only when the run has to stop: a point that is refused is skipped.
+/// False only when the run has to stop: a refused point is skipped.
 bool ConversionRun::convertPoint(PointRecord& point) {
-  if (!settings_.allowBlankPointNumbers && point.pointNumber.empty()) {
-    takeDefaultNumber(settings_, point.pointNumber);
-  }
-  if (isLatLong(settings_.SourceProjectionCode) && !interpretAngles(point)) {
-    return skip(point, result_.counts.refusedAngle, messages::noAngle());
-  }
-  const std::string_view form = settings_.latLongForm == text::AngleForm::DecimalDegrees ? "D" : "S";
-  const std::int16_t ErrorCode = engine_.TovakVert(
-      point.InNorthLat, point.InEastLon, point.Elevation, settings_.source.projectionText, point.OutNorthLat,
-      point.OutEastLon, point.Elevation, settings_.target.projectionText, point.OutInfo, form);
-  if (ErrorCode >= 1) {
-    return skip(point, result_.counts.refusedByEngine, engine_.ErrorText(ErrorCode));
-  }
-  return writePoint(point);
-}
-
-/// Brings latitude and longitude to decimal degrees, the longitude west whatever its sign in the source.
-bool ConversionRun::interpretAngles(PointRecord& point) const {
-  const text::AngleForm form = source_.packedAngles ? text::AngleForm::DegreesMinutesSeconds : settings_.latLongForm;
-  const std::optional<double> latitude = text::interpretAngle(point.InNorthLat, form);
-  const std::optional<double> longitude = text::interpretAngle(point.InEastLon, form);
-  if (!latitude || !longitude) return false;
-  point.InNorthLat = *latitude;
-  point.InEastLon = -std::fabs(*longitude);
-  return true;
-}
-
-bool ConversionRun::skip(const PointRecord& point, Tally& tally, const std::string& reason) {
-  countSkipped(result_.counts, tally, point.sourceLine, reason,
-               readsSeveralFiles() ? sourceLines_.fileName() : std::string_view());
-  if (!outputs_.writeRefused(point, reason)) return stopForOutputs();
-  if (interactive()) person_.show(messages::pointRefused(reason, sourceLines_.fileName(), point.sourceLine));
-  return true;
-}
-
-bool ConversionRun::writePoint(const PointRecord& point) {
+  if (const Refusal refusal = corridor_.convert(point)) return skip(point, refusal);
   if (!outputs_.write(point)) return stopForOutputs();
-  ++result_.counts.converted;
+  corridor_.countConverted(point);
+  return true;
+}
+
+bool ConversionRun::skip(const PointRecord& point, const Refusal& refusal) {
+  corridor_.countRefused(point, refusal);
+  if (!outputs_.writeRefused(point, refusal.reason)) return stopForOutputs();
+  if (interactive()) {
+    person_.show(messages::pointRefused(refusal.reason, corridor_.lines().fileName(), point.sourceLine));
+  }
   return true;
 }
 
 bool ConversionRun::finish() {
   if (!outputs_.finish(true)) return stopForOutputs();
   if (!interactive()) return true;
-  if (!settings_.reportEnabled) {
-    person_.show(messages::finished());
-    return true;
+  const std::string standing = targetStands();
+  if (!standing.empty()) {
+    person_.show(withAccount(messages::nothingWritten(standing)));
+  } else if (!settings_.reportEnabled) {
+    person_.show(withAccount(messages::finished()));
+  } else if (settleResult(); anyDoubt(result_.counts.doubts)) {
+    person_.show(withAccount(messages::finishedInDoubt()));
   }
-  if (settings_.printReport) person_.printReport(outputs_.heading(), outputs_.reportStart());
-  if (source_.kind == SourceKind::File) person_.showGrid();
+  if (!settings_.reportEnabled || audience_.screen == nullptr) return true;
+  if (settings_.printReport) audience_.screen->printReport(outputs_.heading(), outputs_.reportStart());
+  if (source_.kind == SourceKind::File) audience_.screen->showGrid();
   return true;
 }
 
 }  // namespace
 
-RunResult convert(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats, Person& person) {
-  return ConversionRun(settings, engine, formats, person).execute();
-}
-
-Message systemMessage(const std::string& error) {
-  return {.text = error, .title = "File Error", .icon = Icon::Exclamation};
+RunResult convert(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats,
+                  const Audience& audience) {
+  return ConversionRun(settings, engine, formats, audience).execute();
 }
 
 }  // namespace tovak::run

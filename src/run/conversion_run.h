@@ -8,6 +8,7 @@
 #include "run/person.h"
 #include "run/record_counts.h"
 #include "run/run_settings.h"
+#include "run/target_state.h"
 
 namespace tovak::run {
 
@@ -22,20 +23,22 @@ struct RunResult {
   /// The message that stopped the run or ended the source early; empty when there was none.
   std::string MessageText;
   RecordCounts counts;
+  TargetState target = TargetState::NotOpened;
+  std::string targetName;
 };
 
 /// Converts every point of the source file (or the keyboard) into the target file (or the screen).
 ///
-/// An interactive run (`BatchMode` 0) shows its messages through `person`; a batch run leaves them in the result, and
-/// turns into an interactive one on the first message if `BatchMode` is 1 and the person has a window. Of `settings`,
-/// the run changes what the person sees change: the next default point number, a target file name that was completed,
+/// An interactive run (`BatchMode` 0) shows its messages to the person; a batch run leaves them in the result, and
+/// becomes interactive on the first message if `BatchMode` is 1 and the person has a window. The run changes only those
+/// `settings` that the person sees change: the next default point number, a target file name that was completed,
 /// `BatchMode`, and the choices that a source format forces.
 ///
-/// The target file and the report appear when the run has finished, or when it was stopped by a message in the middle:
-/// then they hold the points so far. A failure of the operating system in one of them leaves both as they were.
-RunResult convert(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats, Person& person);
-
-/// The message for a failure of the operating system (file name and the system's text).
-Message systemMessage(const std::string& error);
+/// The target file and the report appear when the run has finished, or when a message stopped it part way: then they
+/// hold the points so far. If the operating system fails on one of them, both stay as they were, unless the failure
+/// comes at the very end, while the report is appended to an older one. An older target is kept when no point was
+/// converted.
+RunResult convert(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats,
+                  const Audience& audience);
 
 }  // namespace tovak::run

@@ -1,4 +1,4 @@
-/// Where the program keeps what belongs to one user.
+/// The folder with the files of one user.
 #pragma once
 
 #include <filesystem>

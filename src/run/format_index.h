@@ -21,6 +21,11 @@ enum Index : std::int16_t {
   WayPointsPlus = 12,
   GeodeticCsv = 13,
 };
+
+/// The agency's databases, which are not converted point by point.
+constexpr bool isAgency(std::int16_t format) {
+  return format >= GeodeticsSpecial && format <= LmoBatch;
+}
 }  // namespace tovak::run::source
 
 namespace tovak::run::target {
@@ -42,4 +47,8 @@ enum Index : std::int16_t {
   GeopakXy = 14,
   GeopakNe = 15,
 };
+
+constexpr bool isAgency(std::int16_t format) {
+  return format >= GeodeticsSpecial && format <= LmoBatch;
+}
 }  // namespace tovak::run::target

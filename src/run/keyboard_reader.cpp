@@ -5,18 +5,18 @@ namespace {
 
 class KeyboardReader final : public PointReader {
  public:
-  explicit KeyboardReader(const SourceContext& context) : person_(context.person) {}
+  explicit KeyboardReader(const SourceContext& context) : typedPoints_(context.typedPoints) {}
 
   bool check() override { return true; }
 
   ReadState read(PointRecord& point) override {
-    if (!person_.typePoint(point)) return ReadState::End;
+    if (typedPoints_ == nullptr || !typedPoints_->typePoint(point)) return ReadState::End;
     point.sourceLine = ++typed_;
     return ReadState::Point;
   }
 
  private:
-  Person& person_;
+  TypedPoints* const typedPoints_;
   std::uint64_t typed_ = 0;
 };
 

@@ -23,8 +23,8 @@ constexpr std::array<AdjustmentTexts, 5> kAdjustments = {{
 
 constexpr AdjustmentTexts kNad27 = {"NAD27", ""};
 
-const AdjustmentTexts& adjustmentTexts(std::int16_t projectionCode, Adjustment adjustment) {
-  return isNad27(projectionCode) ? kNad27 : kAdjustments[static_cast<std::size_t>(adjustment)];
+const AdjustmentTexts& adjustmentTexts(bool nad27, Adjustment adjustment) {
+  return nad27 ? kNad27 : kAdjustments[static_cast<std::size_t>(adjustment)];
 }
 
 }  // namespace
@@ -39,26 +39,25 @@ std::string_view TargetUnitStepText(bool metres) {
   return metres ? "300" : "1000";
 }
 
-std::string_view datumLabel(std::int16_t projectionCode, Adjustment adjustment) {
-  return adjustmentTexts(projectionCode, adjustment).datum;
+bool isOnNad27(const RunSettings& settings, std::int16_t projectionCode) {
+  const std::string& known = settings.projectDatum;
+  return projectionCode == kUserDefinedProject && !known.empty() ? known == kNad27.datum : isNad27(projectionCode);
 }
 
-std::string_view adjustmentSuffix(std::int16_t projectionCode, Adjustment adjustment) {
-  return adjustmentTexts(projectionCode, adjustment).suffix;
+std::string_view datumLabel(const RunSettings& settings, std::int16_t projectionCode) {
+  return datumLabel(isOnNad27(settings, projectionCode), settings.adjustment);
+}
+
+std::string_view datumLabel(bool nad27, Adjustment adjustment) {
+  return adjustmentTexts(nad27, adjustment).datum;
+}
+
+std::string_view adjustmentSuffix(const RunSettings& settings, std::int16_t projectionCode) {
+  return adjustmentTexts(isOnNad27(settings, projectionCode), settings.adjustment).suffix;
 }
 
 std::string_view verticalDatumLabel(VerticalDatum datum) {
   return datum == VerticalDatum::Navd88 ? "NAVD88" : "NGVD29";
-}
-
-std::string identificationLine(const RunSettings& settings) {
-  std::string line = "$Tovak#" + settings.target.projectionText;
-  line += adjustmentSuffix(settings.TargetProjectionCode, settings.adjustment);
-  line += "$ ";
-  line += datumLabel(settings.TargetProjectionCode, settings.adjustment);
-  line += ' ' + settings.target.displayName;
-  line += settings.target.metres ? " (Meters)" : " (Feet)";
-  return line;
 }
 
 }  // namespace tovak::run

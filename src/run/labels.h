@@ -19,16 +19,17 @@ UnitLabels unitLabels(std::int16_t projectionCode, bool metres);
 /// "300" for metres, "1000" for U.S. survey feet: the text that some targets write for an unknown height.
 std::string_view TargetUnitStepText(bool metres);
 
+/// Whether a system is on NAD27: the user-defined project by its datum where that is known, all others by their code.
+bool isOnNad27(const RunSettings& settings, std::int16_t projectionCode);
+
 /// "NAD27", "NAD83" or "NAD83(1986)" and so on.
-std::string_view datumLabel(std::int16_t projectionCode, Adjustment adjustment);
+std::string_view datumLabel(const RunSettings& settings, std::int16_t projectionCode);
+std::string_view datumLabel(bool nad27, Adjustment adjustment);
 
 /// "-1986" and so on; empty for NAD27 and for no adjustment.
-std::string_view adjustmentSuffix(std::int16_t projectionCode, Adjustment adjustment);
+std::string_view adjustmentSuffix(const RunSettings& settings, std::int16_t projectionCode);
 
 /// "NAVD88" or "NGVD29".
 std::string_view verticalDatumLabel(VerticalDatum datum);
-
-/// The first line of every target file, by which the program knows its own files again.
-std::string identificationLine(const RunSettings& settings);
 
 }  // namespace tovak::run

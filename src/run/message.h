@@ -15,9 +15,9 @@ struct Message {
   Icon icon = Icon::None;
   /// The name of the control that gets the focus afterwards, empty for none.
   std::string focus = {};
-  /// Where it happened, shown smaller than the text; empty for nowhere in particular.
+  /// Where it happened, shown smaller than the text; may be empty.
   std::string detail = {};
-  /// One of the messages that every faulty point of a file may bring: a person may have enough of them.
+  /// A message about a single point. There may be one for every point of a file, so they can be switched off.
   bool ofOnePoint = false;
 
   bool operator==(const Message&) const = default;

@@ -1,8 +1,9 @@
-/// The one way in which a run talks to the person: the window does it with boxes, a batch run with standard error, the
-/// tests with a script of answers.
+/// How a run talks to the person, one interface for each use. A batch run implements messages and progress only, the
+/// window all of them, the tests a script of answers.
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "run/message.h"
 #include "run/point_record.h"
@@ -17,6 +18,7 @@ inline constexpr std::uint64_t kProgressStep = 4096;
 /// The options dialogs that some targets show before their file is opened.
 enum class TargetOptions { None, DeLorme, Maptech, TrimbleWaypoints };
 
+/// Messages and questions.
 class Person {
  public:
   Person() = default;
@@ -28,20 +30,59 @@ class Person {
   virtual void show(const Message& message) = 0;
   /// Asks a question; true for yes.
   virtual bool confirm(const Message& question) = 0;
+  /// Whether the target may replace the file of that name, which is there. A person who can be asked is.
+  virtual bool mayReplace(const std::string&) { return true; }
   /// Turns a batch run that met a problem into an interactive one; false when there is no window to turn to.
   virtual bool leaveBatchMode() = 0;
   /// Shows the options dialog of a target; false when it was cancelled.
   virtual bool chooseTargetOptions(TargetOptions options) = 0;
-  /// Fills number, description, coordinates and heights of the next typed point; false when there is none.
+};
+
+/// Points typed one at a time.
+class TypedPoints {
+ public:
+  TypedPoints() = default;
+  TypedPoints(const TypedPoints&) = delete;
+  TypedPoints& operator=(const TypedPoints&) = delete;
+  virtual ~TypedPoints() = default;
+
+  /// Fills number, description, coordinates and heights of the next point; false when there is none.
   virtual bool typePoint(PointRecord& point) = 0;
+};
+
+/// The output grid and the printer.
+class Screen {
+ public:
+  Screen() = default;
+  Screen(const Screen&) = delete;
+  Screen& operator=(const Screen&) = delete;
+  virtual ~Screen() = default;
+
   /// Adds a converted point to the output grid, which is emptied and headed afresh first when `freshGrid` is set.
   virtual void showRow(const PointRecord& point, bool freshGrid) = 0;
-  /// Prints the report that begins at byte `start` of the report file.
-  virtual void printReport(const ReportHeading& heading, std::uint64_t start) = 0;
   /// Shows the output grid until it is closed.
   virtual void showGrid() = 0;
-  /// Tells now and then how many records have been read so far.
+  /// Prints the report that begins at byte `start` of the report file.
+  virtual void printReport(const ReportHeading& heading, std::uint64_t start) = 0;
+};
+
+class Progress {
+ public:
+  Progress() = default;
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+  virtual ~Progress() = default;
+
+  /// Called from time to time with the number of records read so far.
   virtual void progress(std::uint64_t records) = 0;
+};
+
+/// Everything a run can talk to. A null pointer means that there is none: no typed points, no screen, no progress.
+struct Audience {
+  Person& person;
+  TypedPoints* typedPoints = nullptr;
+  Screen* screen = nullptr;
+  Progress* progress = nullptr;
 };
 
 }  // namespace tovak::run

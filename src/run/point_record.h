@@ -8,10 +8,15 @@
 #include <string_view>
 #include <vector>
 
+#include "run/doubts.h"
+#include "text/angle.h"
+#include "text/number.h"
+
 namespace tovak::run {
 
 /// Text fields are carried as the file has them unless a format says otherwise. Two-letter codes are those by which
-/// tagged formats name the fields. Lengths are in the units of the side's projection.
+/// tagged formats name the fields. Coordinates and the elevation are in the units of the side's projection; ellipsoid
+/// and geoid heights stay in those of the source.
 struct PointRecord {
   std::string pointNumber;      ///< PN; empty: takes the default numbering
   std::string description;      ///< PD
@@ -31,8 +36,8 @@ struct PointRecord {
   std::string anythingElse;     ///< the unread rest of a delimited line
   std::array<std::string, 9> attributes;
 
-  /// Items of other codes, in their order of appearance; the first `furtherFieldCount` count. The texts behind them
-  /// keep their memory for the next point.
+  /// Items of other codes, in their order of appearance; only the first `furtherFieldCount` are valid. The others keep
+  /// their memory for the next point.
   std::vector<std::string> furtherFields;
   std::size_t furtherFieldCount = 0;
 
@@ -42,25 +47,18 @@ struct PointRecord {
 
   /// The line that began the point's section in a tagged file; empty for points of other formats.
   std::string sectionLine;
-  /// Source coordinates as a report prints them, where the reader has a text of its own for them; else empty.
+  /// Source coordinates as a report prints them, where the reader has its own text for them; else empty.
   std::string reportNorthing;
   std::string reportEasting;
-  /// Remarks of a height record: its text, and what it says of the point.
-  std::string heightRemark;
-  bool oblique = false;
-  bool verticalDatum88 = false;
   /// The point was read in the alignment layout of the 80 column format; its point type is in the PH field.
   bool alignmentPoint = false;
 
-  /// How many of three decimals the source's elevation text lacks: 3 without a decimal point, 0 with three or more.
-  /// Writers echo that precision.
-  int elevationDecimals = 0;
+  /// How precisely the source's elevation is written. Some writers echo it in every number.
+  text::Accuracy elevationAccuracy = text::Accuracy::Thousandth;
 
-  /// Northing, or latitude; as read, and in decimal degrees once the run has interpreted it.
-  double InNorthLat = 0.0;
-  /// Easting, or longitude (west negative when the engine gets it).
-  double InEastLon = 0.0;
-  /// In source units until the engine has written the target's back.
+  double InNorthLat = 0.0;  ///< northing, or latitude in decimal degrees
+  double InEastLon = 0.0;   ///< easting, or longitude in decimal degrees, west negative
+  /// In source units; in target units once the engine has converted the point.
   double Elevation = 0.0;
 
   double OutNorthLat = 0.0;  ///< target northing, or latitude in decimal degrees
@@ -68,12 +66,22 @@ struct PointRecord {
   std::string OutInfo;       ///< the engine's result text
 
   std::uint64_t sourceLine = 0;  ///< the line of the source where the record begins
+
+  /// Why the record cannot be converted, a text that outlives the run; empty if it can.
+  std::string_view refusal;
+  /// Source lines, line ends included, that are not a point; valid until the next read.
+  std::string_view otherLines;
 };
 
 /// Sets every field to its default before the next point is read. Texts keep their memory.
 void resetPoint(PointRecord& point);
 
-/// Adds an item to the comment, behind a blank when there is one already.
+/// Puts the two angles into the record, the longitude west whatever its sign in the source. A fault becomes the
+/// record's refusal; what is doubtful about the angles is raised.
+void takeAngles(PointRecord& point, const text::AngleReading& latitude, const text::AngleReading& longitude,
+                DoubtFlags& doubts);
+
+/// Adds an item to the comment, with a blank before it if the comment is not empty.
 void addComment(PointRecord& point, std::string_view item);
 
 }  // namespace tovak::run

@@ -16,11 +16,12 @@ struct ProjectionBox {
 /// mark declares the unit of the elevation.
 std::string projectionText(std::int16_t code, bool metres);
 
-/// Whether a projection text, or what was typed for one, bears the mark of metres: an "M" of either case.
+/// Whether a projection text, or a text typed for one, has the mark of metres: an "M" of either case.
 bool marksMetres(std::string_view text);
 
-/// The box after its text was changed by hand. The code is the whole number nearest to the text's leading number. An
-/// "M" (either case) chooses metres; deleting only the "M" chooses feet; another number without one keeps the unit.
-ProjectionBox typeProjection(const ProjectionBox& before, std::string_view text);
+/// The box after its text was changed by hand. The code is the whole number nearest to the text's leading number, or
+/// `kNoProjection` without one. An "M" (either case) chooses metres; deleting only the "M" chooses feet; another number
+/// without one keeps the unit, and so does the same number typed over the whole text (`overNumber`).
+ProjectionBox typeProjection(const ProjectionBox& before, std::string_view text, bool overNumber);
 
 }  // namespace tovak::run

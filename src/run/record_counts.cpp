@@ -2,12 +2,6 @@
 
 namespace tovak::run {
 
-void addTo(Tally& tally, std::uint64_t line, std::string_view file) {
-  if (tally.count++ != 0) return;
-  tally.firstLine = line;
-  tally.firstFile = file;
-}
-
 std::uint64_t recordsRead(const RecordCounts& counts) {
   return counts.converted + recordsSkipped(counts) + recordsPassedOver(counts);
 }

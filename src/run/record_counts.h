@@ -5,23 +5,17 @@
 #include <string>
 #include <string_view>
 
+#include "run/doubts.h"
+#include "run/tally.h"
+
 namespace tovak::run {
-
-/// How many records met one fate, and the line of the first.
-struct Tally {
-  std::uint64_t count = 0;
-  std::uint64_t firstLine = 0;
-  std::string firstFile = {};  ///< of that line, where the source is several files; else empty
-};
-
-void addTo(Tally& tally, std::uint64_t line, std::string_view file = {});
 
 struct RecordCounts {
   std::uint64_t converted = 0;
 
   Tally refusedByEngine;
-  Tally refusedAngle;   ///< a latitude or longitude that is no angle
-  Tally refusedCounty;  ///< a county, county zone or datum that is unknown or not told
+  Tally refusedAngle;   ///< a latitude or longitude that is not an angle
+  Tally refusedCounty;  ///< a county, county zone or datum that is unknown or missing
   std::uint64_t firstSkippedLine = 0;
   std::string firstSkippedFile;  ///< where the source is several files; else empty
   std::string firstSkipReason;
@@ -29,15 +23,17 @@ struct RecordCounts {
   Tally withoutDelimiter;
   Tally zeroCoordinate;
   Tally comment;
-  Tally noPoint;    ///< a record of another kind than the points of its format
+  Tally noPoint;    ///< a record that is not a point in its format
   Tally otherZone;  ///< a point of another county zone than the chosen one
+
+  Doubts doubts;  ///< about points whose fate is counted above
 };
 
 /// Converted, skipped and passed over together.
 std::uint64_t recordsRead(const RecordCounts& counts);
-/// Points that were refused, by the engine or for what their record says.
+/// Points that were refused, by the engine or because of their record.
 std::uint64_t recordsSkipped(const RecordCounts& counts);
-/// Lines that are no points.
+/// Lines that are not points.
 std::uint64_t recordsPassedOver(const RecordCounts& counts);
 
 /// Counts a refused point under `tally`, and keeps line, reason and file of the first.

@@ -1,4 +1,4 @@
-/// What the head of a report says besides the selections of its run.
+/// The head of a report, apart from the selections of its run.
 #pragma once
 
 #include <string>

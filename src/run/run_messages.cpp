@@ -2,14 +2,32 @@
 
 #include "text/number.h"
 
-namespace tovak::run::messages {
+namespace tovak::run {
 
-Message horizontalReferenceMissing() {
-  return {"You must select a horizontal reference option.", "CSV Input Error", Icon::Exclamation, "lstHorizontal"};
+Message systemMessage(const std::string& error) {
+  return {.text = error, .title = "File Error", .icon = Icon::Exclamation};
 }
 
-Message countyZoneMissing() {
-  return {"You must select a county zone.", "CSV Input Error", Icon::Exclamation, "lstCsvZone"};
+}  // namespace tovak::run
+
+namespace tovak::run::messages {
+
+Message sourceNameMissing() {
+  return {"Source File Was Not Specified.", "Source File", Icon::Exclamation, "txtSourceFile"};
+}
+
+Message targetNameMissing() {
+  return {"Target File Was Not Specified.", "Target File", Icon::Exclamation, "txtTargetFile"};
+}
+
+Message unknownSourceProjection() {
+  return {"The source has an unknown projection: its box holds no number.", "Invalid map projection", Icon::Exclamation,
+          "txtSourceProjection"};
+}
+
+Message unknownTargetProjection() {
+  return {"The target has an unknown projection: its box holds no number.", "Invalid map projection", Icon::Exclamation,
+          "txtTargetProjection"};
 }
 
 Message batchSourceMissing() {
@@ -49,6 +67,29 @@ Message finished() {
   return {"Output File Written", "Finished", Icon::Information};
 }
 
+Message finishedInDoubt() {
+  return {"The conversion is finished, but there are doubts.", "Finished", Icon::Exclamation};
+}
+
+Message nothingWritten(const std::string& standing) {
+  return {standing, "Finished", Icon::Exclamation};
+}
+
+std::string targetStands(TargetState state, const RecordCounts& counts, const std::string& name) {
+  switch (state) {
+    case TargetState::OlderKept:
+      return (counts.converted == 0 ? "No point was converted; " : "") + name + " was left as it was.";
+    case TargetState::NoFile:
+      return name + " was not written.";
+    case TargetState::Incomplete:
+      return name + " received only a part of the points.";
+    case TargetState::NotOpened:
+    case TargetState::Written:
+      break;
+  }
+  return {};
+}
+
 std::string lineOfFile(std::uint64_t line, const std::string& fileName) {
   std::string where = "line ";
   text::appendWhole(where, static_cast<std::int64_t>(line));
@@ -59,14 +100,14 @@ Message reportNameMissing() {
   return {"The report file has no name.", "Report File", Icon::Exclamation, "txtPrintFile"};
 }
 
+Message replaceTarget(const std::string& fileName) {
+  return {fileName + "\nexists already. Do you want to replace it?", "Replace File?", Icon::Question, "txtTargetFile"};
+}
+
 Message pointRefused(const std::string& reason, const std::string& fileName, std::uint64_t line) {
   Message message = {.text = reason, .title = "TovakX Conversion Error", .icon = Icon::None, .ofOnePoint = true};
   if (!fileName.empty()) message.detail = lineOfFile(line, fileName);
   return message;
-}
-
-std::string noAngle() {
-  return "The minutes or seconds of a latitude or longitude are not below 60.";
 }
 
 }  // namespace tovak::run::messages

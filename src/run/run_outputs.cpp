@@ -2,54 +2,67 @@
 
 #include <cstddef>
 
+#include "run/identification.h"
 #include "run/labels.h"
+#include "run/system_data.h"
 #include "text/target_file.h"
 
 namespace tovak::run {
 namespace {
 
 /// The engine's name of one side's system, else its projection text.
-std::string systemName(ConversionEngine& engine, std::int16_t code, const SideSettings& side) {
-  const std::string data = engine.GetProjectionData(code);
-  return data.empty() ? side.projectionText : data.substr(0, data.find('~'));
+std::string nameOf(ConversionEngine& engine, std::int16_t code, const SideSettings& side) {
+  std::string name = systemName(engine, code);
+  return name.empty() ? side.projectionText : name;
 }
 
-std::string sideHeading(ConversionEngine& engine, std::int16_t code, const SideSettings& side, Adjustment adjustment) {
+std::string sideHeading(ConversionEngine& engine, const RunSettings& settings, std::int16_t code,
+                        const SideSettings& side) {
   const std::string& name = side.displayName;  // of a project
-  return std::string(datumLabel(code, adjustment)) + ' ' + (name.empty() ? systemName(engine, code, side) : name);
+  return std::string(datumLabel(settings, code)) + ' ' + (name.empty() ? nameOf(engine, code, side) : name);
 }
 
 }  // namespace
 
-RunOutputs::RunOutputs(const RunSettings& settings, const FormatTables& formats, Person& person)
+RunOutputs::RunOutputs(const RunSettings& settings, const FormatTables& formats, DoubtFlags& doubts, Screen* screen)
     : settings_(settings),
       target_(formats.targets[static_cast<std::size_t>(settings.targetFormat)]),
+      typed_(formats.sources[static_cast<std::size_t>(settings.sourceFormat)].kind == SourceKind::Keyboard),
       reportFormat_(formats.report),
-      person_(person) {}
+      doubts_(doubts),
+      screen_(screen) {}
 
 bool RunOutputs::open(ConversionEngine& engine) {
-  return openTarget(engine) && openReport(engine);
+  if (writesFile() && !(targetLines_.open(settings_.target.fileName) && beginTarget(engine))) return false;
+  return openReport(engine);
 }
 
-bool RunOutputs::openTarget(ConversionEngine& engine) {
-  if (!writesFile()) return true;
-  if (!targetLines_.open(settings_.target.fileName)) return false;
+bool RunOutputs::openText(ConversionEngine& engine, std::string& text) {
+  targetLines_.openText(text);
+  return !writesFile() || beginTarget(engine);
+}
+
+bool RunOutputs::beginTarget(ConversionEngine& engine) {
   targetWriter_ =
       target_.makeWriter({.lines = targetLines_,
                           .settings = settings_,
-                          .targetSystem = systemName(engine, settings_.TargetProjectionCode, settings_.target)});
+                          .doubts = doubts_,
+                          .targetSystem = nameOf(engine, settings_.TargetProjectionCode, settings_.target)});
   return targetLines_.writeLine(identificationLine(settings_)) && targetWriter_->begin();
 }
 
 bool RunOutputs::openReport(ConversionEngine& engine) {
   if (!writesReport()) return true;
   using Way = text::TargetFile::Way;
-  if (!reportLines_.open(settings_.reportFileName, settings_.appendReport ? Way::Append : Way::Replace)) return false;
+  if (!reportLines_.open(settings_.reportFileName, settings_.appendReport ? Way::Append : Way::Replace,
+                         reportFormat_.joint)) {
+    return false;
+  }
   heading_ = {
       .version = std::string(reportFormat_.version),
       .date = reportFormat_.today(),
-      .source = sideHeading(engine, settings_.SourceProjectionCode, settings_.source, settings_.adjustment),
-      .target = sideHeading(engine, settings_.TargetProjectionCode, settings_.target, settings_.adjustment),
+      .source = sideHeading(engine, settings_, settings_.SourceProjectionCode, settings_.source),
+      .target = sideHeading(engine, settings_, settings_.TargetProjectionCode, settings_.target),
   };
   reportWriter_ = reportFormat_.makeWriter({.lines = reportLines_, .settings = settings_, .heading = heading_});
   return reportWriter_->begin();
@@ -64,10 +77,10 @@ bool RunOutputs::startsFreshGrid() {
 }
 
 bool RunOutputs::write(const PointRecord& point) {
+  anyPoint_ = true;
   if (targetWriter_ != nullptr && !targetWriter_->write(point)) return false;
   if (reportWriter_ != nullptr && !reportWriter_->write(point)) return false;
-  const bool intoGrid = target_.kind == TargetKind::Screen || settings_.reportEnabled;
-  if (intoGrid) person_.showRow(point, startsFreshGrid());
+  if (screen_ != nullptr && showsPoints()) screen_->showRow(point, startsFreshGrid());
   return true;
 }
 
@@ -84,8 +97,26 @@ bool RunOutputs::endTarget(bool complete) {
 
 bool RunOutputs::finish(bool complete) {
   if (!endTarget(complete)) return false;
-  if (reportWriter_ != nullptr && !(reportWriter_->end() && reportLines_.commit())) return false;
-  return targetWriter_ == nullptr || targetLines_.commit();
+  if (reportWriter_ != nullptr && !(reportWriter_->end() && reportLines_.finish())) return false;
+  // A report describes its target, so it must not exist without it.
+  if (targetWriter_ != nullptr && !nameTarget()) return false;
+  return reportWriter_ == nullptr || reportLines_.commit();
+}
+
+bool RunOutputs::nameTarget() {
+  if (!anyPoint_ && targetLines_.target().hasOlder()) {
+    targetLines_.discard();
+    return true;
+  }
+  targetNamed_ = targetLines_.commit();
+  return targetNamed_;
+}
+
+TargetState RunOutputs::targetState() const {
+  if (targetWriter_ == nullptr) return TargetState::NotOpened;
+  if (targetNamed_) return TargetState::Written;
+  if (targetLines_.target().isDirect()) return TargetState::Incomplete;
+  return targetLines_.target().hasOlder() ? TargetState::OlderKept : TargetState::NoFile;
 }
 
 }  // namespace tovak::run

@@ -3,10 +3,12 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "run/delimited_format.h"
+#include "run/format_options.h"
+#include "run/length_unit.h"
 #include "text/angle.h"
+#include "text/number.h"
 
 namespace tovak::run {
 
@@ -23,19 +25,9 @@ struct SideSettings {
   bool metres = false;         ///< else U.S. survey feet
 };
 
-/// The map sheets of the geodetic database source, and what was chosen of them.
-struct GeodeticCsvChoice {
-  /// The files that are read as one, in their order; empty for the source file alone.
-  std::vector<std::string> sheets;
-  /// The data set, by the number of its latitude among a row's values: 1, 3, 5, 7, 9, 11; 0 for none.
-  std::int16_t horizontal = 0;
-  /// The heights: 13 for NAVD88, 14 for NGVD29; 0 for none.
-  std::int16_t vertical = 0;
-  std::string countyName;
-  bool zonesOffered = false;
-  /// What the county zone has behind the county's name; empty where no zone was chosen.
-  std::string zoneSuffix;
-};
+inline LengthUnit unitOf(const SideSettings& side) {
+  return unitOf(side.metres);
+}
 
 struct RunSettings {
   std::int16_t sourceFormat = 0;  ///< index into the source format table
@@ -44,6 +36,9 @@ struct RunSettings {
   std::int16_t TargetProjectionCode = 1;
   SideSettings source;
   SideSettings target;
+  /// "NAD27" or "NAD83", the datum found with the definition of the user-defined project; empty where it is not known.
+  /// A run takes it from the project's file.
+  std::string projectDatum;
 
   /// How latitudes and longitudes of the source are written.
   text::AngleForm latLongForm = text::AngleForm::DegreesMinutesSeconds;
@@ -51,8 +46,8 @@ struct RunSettings {
   bool latLongFormChosen = false;
   Adjustment adjustment = Adjustment::None;
   VerticalDatum verticalDatum = VerticalDatum::Navd88;
-  /// Precision of written coordinates, 0 (".001 units") to 5 ("100 units").
-  int accuracy = 0;
+  /// The precision of written coordinates, for formats that do not repeat that of the source.
+  text::Accuracy accuracy = text::Accuracy::Thousandth;
 
   bool reportEnabled = false;
   bool printReport = false;
@@ -62,19 +57,12 @@ struct RunSettings {
 
   DelimitedFormat sourceDelimited;
   DelimitedFormat targetDelimited;
-  GeodeticCsvChoice geodeticCsv;
 
   bool allowBlankPointNumbers = false;
   std::int32_t NextPointNumber = 1;
   std::int32_t PointNumberIncrement = 1;
 
-  /// The field that a Trimble waypoint takes its name from before the others: "ST", "PD" or "PN".
-  std::string waypointName = "PN";
-  /// The number of a Maptech label's colour in hexadecimal: blue, green, red from its highest byte.
-  std::string maptechColor = "ff";
-  /// The number of a Maptech label's symbol.
-  std::int32_t maptechSymbol = 17;
-  std::string delormeSymbol = "CIRCLE";
+  FormatOptions options;
 
   /// 0 interactive; 1 from the command line, falling back to the window on a problem; 2 from the command line, stopping
   /// on a problem.

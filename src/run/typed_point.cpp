@@ -17,16 +17,16 @@ struct CoordinateNames {
   std::string_view easting;
 };
 
-constexpr CoordinateNames kAngles = {"latitude", "longitude"};
 constexpr CoordinateNames kLengths = {"northing/Y", "easting/X"};
 
-struct AngleLimit {
+struct TypedAngle {
+  std::string_view name;
   double largest;
   std::string_view words;
 };
 
-constexpr AngleLimit kLatitudeLimit = {90.0, "90"};
-constexpr AngleLimit kLongitudeLimit = {180.0, "180"};
+constexpr TypedAngle kLatitude = {"latitude", 90.0, "90"};
+constexpr TypedAngle kLongitude = {"longitude", 180.0, "180"};
 
 std::string quoted(std::string_view name, const std::string& text) {
   return "The " + std::string(name) + " \"" + text + "\" ";
@@ -38,27 +38,44 @@ std::optional<std::string> notANumber(std::string_view name, const std::string& 
   return quoted(name, text) + "is not a number.";
 }
 
-std::optional<std::string> notAnAngle(std::string_view name, const std::string& text, text::AngleForm form,
-                                      const AngleLimit& limit) {
-  if (std::optional<std::string> fault = notANumber(name, text)) return fault;
-  const std::optional<double> degrees = text::interpretAngle(text::leadingNumber(text), form);
-  if (!degrees) return quoted(name, text) + "has minutes or seconds that are not below 60.";
-  if (std::fabs(*degrees) <= limit.largest) return std::nullopt;
-  return quoted(name, text) + "is more than " + std::string(limit.words) + " degrees.";
+/// Why the text is not an angle within the limit.
+std::optional<std::string> notAnAngle(const std::string& text, const text::AngleReading& angle,
+                                      const TypedAngle& kind) {
+  const bool number = text.find_first_of("0123456789") != std::string::npos && !angle.textBehind;
+  if (!number || angle.fault == text::AngleFault::TooLarge) return quoted(kind.name, text) + "is not a number.";
+  if (angle.fault == text::AngleFault::NotBelow60) {
+    return quoted(kind.name, text) + "has minutes or seconds that are not below 60.";
+  }
+  if (angle.fault == text::AngleFault::OtherHemisphere) return quoted(kind.name, text) + "is not north or west.";
+  if (std::fabs(angle.degrees) <= kind.largest) return std::nullopt;
+  return quoted(kind.name, text) + "is more than " + std::string(kind.words) + " degrees.";
 }
 
-std::optional<std::string> faultOf(const TypedTexts& texts, bool latLong, text::AngleForm form) {
-  std::optional<std::string> fault;
-  if (latLong) {
-    fault = notAnAngle(kAngles.northing, texts.northing, form, kLatitudeLimit);
-    if (!fault) fault = notAnAngle(kAngles.easting, texts.easting, form, kLongitudeLimit);
-  } else {
-    fault = notANumber(kLengths.northing, texts.northing);
-    if (!fault) fault = notANumber(kLengths.easting, texts.easting);
-  }
-  const bool heights = std::isfinite(texts.elevation) && std::isfinite(texts.geoid) && std::isfinite(texts.ellipsoid);
-  if (!fault && !heights) fault = "A height is too large to be a number.";
+/// Fills the coordinates, or says why the texts are not coordinates.
+std::optional<std::string> takeTypedAngles(const TypedTexts& texts, text::AngleForm form, PointRecord& point) {
+  std::string scratch;
+  const text::AngleReading latitude = text::readAngle(texts.northing, form, text::AngleAxis::Latitude, scratch);
+  const text::AngleReading longitude = text::readAngle(texts.easting, form, text::AngleAxis::Longitude, scratch);
+  std::optional<std::string> fault = notAnAngle(texts.northing, latitude, kLatitude);
+  if (!fault) fault = notAnAngle(texts.easting, longitude, kLongitude);
+  DoubtFlags none;  // doubtful input is refused at the keyboard
+  if (!fault) takeAngles(point, latitude, longitude, none);
   return fault;
+}
+
+std::optional<std::string> takeTypedLengths(const TypedTexts& texts, PointRecord& point) {
+  std::optional<std::string> fault = notANumber(kLengths.northing, texts.northing);
+  if (!fault) fault = notANumber(kLengths.easting, texts.easting);
+  if (fault) return fault;
+  point.InNorthLat = text::leadingNumber(texts.northing);
+  point.InEastLon = text::leadingNumber(texts.easting);
+  return std::nullopt;
+}
+
+std::optional<std::string> heightFault(const TypedTexts& texts) {
+  const bool heights = std::isfinite(texts.elevation) && std::isfinite(texts.geoid) && std::isfinite(texts.ellipsoid);
+  if (heights) return std::nullopt;
+  return "A height is too large to be a number.";
 }
 
 /// A height that was not typed is zero, and its field stays empty.
@@ -93,17 +110,18 @@ std::optional<Message> missingCoordinate(const TypedTexts& texts) {
   return std::nullopt;
 }
 
-std::optional<std::string> takeTypedPoint(const TypedTexts& texts, bool latLong, text::AngleForm form,
-                                          PointRecord& point) {
-  if (std::optional<std::string> fault = faultOf(texts, latLong, form)) return fault;
+text::Result<PointRecord> typedPoint(const TypedTexts& texts, bool latLong, text::AngleForm form) {
+  PointRecord point;
+  resetPoint(point);
+  std::optional<std::string> fault = heightFault(texts);
+  if (!fault) fault = latLong ? takeTypedAngles(texts, form, point) : takeTypedLengths(texts, point);
+  if (fault) return text::Result<PointRecord>::failure(*fault);
   point.pointNumber = texts.number;
   point.description = texts.name;
-  point.InNorthLat = text::leadingNumber(texts.northing);
-  point.InEastLon = text::leadingNumber(texts.easting);
   point.Elevation = texts.elevation;
   takeHeight(texts.geoid, point.geoidHeight);
   takeHeight(texts.ellipsoid, point.ellipsoidHeight);
-  return std::nullopt;
+  return point;
 }
 
 }  // namespace tovak::run

@@ -9,6 +9,7 @@
 #include "run/point_record.h"
 #include "run/run_settings.h"
 #include "text/angle.h"
+#include "text/result.h"
 
 namespace tovak::run {
 
@@ -16,8 +17,8 @@ namespace tovak::run {
 struct TypedTexts {
   std::string number = {};
   std::string name = {};
-  std::string northing = {};  ///< or latitude; without any blank
-  std::string easting = {};   ///< or longitude; without any blank
+  std::string northing = {};  ///< without blanks; or latitude as it was typed
+  std::string easting = {};   ///< the same, or longitude
   double elevation = 0.0;     ///< orthometric height; heights are in source units
   double geoid = 0.0;
   double ellipsoid = 0.0;
@@ -26,13 +27,11 @@ struct TypedTexts {
 /// The form in which the entry dialog takes coordinates: that of angles for latitude and longitude, else the unit.
 std::string_view entryHint(const RunSettings& settings);
 
-/// What is wrong while one of the coordinates is still empty; the message's focus is the box to fill.
+/// The message while one of the coordinates is still empty; the message's focus is the box to fill.
 std::optional<Message> missingCoordinate(const TypedTexts& texts);
 
-/// Fills number, name, coordinates and heights of a record that was reset. Angles stay as they are written, a packed
-/// number or decimal degrees; the run interprets them. The texts have to be numbers from end to end, and angles of the
-/// form; otherwise the record is left alone and the result says why they are no coordinates.
-std::optional<std::string> takeTypedPoint(const TypedTexts& texts, bool latLong, text::AngleForm form,
-                                          PointRecord& point);
+/// The record of a typed point. The texts have to be numbers from end to end, or angles (of the form, where they are a
+/// number alone); otherwise the error says why they are not coordinates.
+text::Result<PointRecord> typedPoint(const TypedTexts& texts, bool latLong, text::AngleForm form);
 
 }  // namespace tovak::run

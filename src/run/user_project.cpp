@@ -6,6 +6,8 @@
 #include <system_error>
 
 #include "run/data_folder.h"
+#include "run/projection_box.h"
+#include "run/projection_code.h"
 #include "text/line_reader.h"
 #include "text/line_writer.h"
 #include "text/strings.h"
@@ -21,14 +23,24 @@ constexpr std::string_view kFeet = "feet";
 struct Key {
   std::string_view name;
   std::string (*take)(UserProject& project, std::string_view value);
+  bool required = true;
 };
+
+bool isDatum(std::string_view text) {
+  return text == "NAD27" || text == "NAD83";
+}
 
 std::string takeUnit(UserProject& project, std::string_view value) {
   project.metres = text::equalsIgnoringCase(value, kMetres);
   return project.metres || text::equalsIgnoringCase(value, kFeet) ? "" : R"(the unit is neither "metres" nor "feet")";
 }
 
-constexpr std::array<Key, 3> kKeys = {{
+std::string takeDatum(UserProject& project, std::string_view value) {
+  project.datum = value;
+  return isDatum(value) ? "" : R"(the datum is neither "NAD27" nor "NAD83")";
+}
+
+constexpr std::array<Key, 4> kKeys = {{
     {"name",
      [](UserProject& project, std::string_view value) -> std::string {
        project.name = value;
@@ -40,22 +52,26 @@ constexpr std::array<Key, 3> kKeys = {{
        return {};
      }},
     {"unit", takeUnit},
+    {"datum", takeDatum, false},
 }};
+
+using Stored = text::Result<std::optional<UserProject>>;
 
 class Reader {
  public:
-  UserProjectResult read(const std::string& fileName) {
-    if (!lines_.open(fileName)) return {{}, lines_.error()};
+  Stored read(const std::string& fileName) {
+    if (!lines_.open(fileName)) return Stored::failure(lines_.error());
     for (std::string_view line; lines_.next(line);) {
       if (const std::string reason = takeLine(line); !reason.empty())
-        return {{}, text::faultAtLine(fileName, lines_.lineNumber(), reason)};
+        return Stored::failure(text::faultAtLine(fileName, lines_.lineNumber(), reason));
     }
-    if (lines_.fault() != text::LineReader::Fault::None) return {{}, lines_.error()};
+    if (lines_.fault() != text::LineReader::Fault::None) return Stored::failure(lines_.error());
     for (std::size_t i = 0; i < kKeys.size(); ++i) {
-      if (!seen_[i]) return {{}, fileName + ": the line \"" + std::string(kKeys[i].name) + " = ...\" is missing"};
+      if (kKeys[i].required && !seen_[i])
+        return Stored::failure(fileName + ": the line \"" + std::string(kKeys[i].name) + " = ...\" is missing");
     }
-    if (const std::string fault = faultOf(project_); !fault.empty()) return {{}, fileName + ": " + fault};
-    return {project_, {}};
+    if (const std::string fault = faultOf(project_); !fault.empty()) return Stored::failure(fileName + ": " + fault);
+    return std::optional(project_);
   }
 
  private:
@@ -71,7 +87,7 @@ class Reader {
       seen_[i] = true;
       return kKeys[i].take(project_, text::trimBlanks(line.substr(sign + 1)));
     }
-    return R"(the keys are "name", "definition" and "unit")";
+    return R"(the keys are "name", "definition", "unit" and "datum")";
   }
 
   text::LineReader lines_;
@@ -91,15 +107,15 @@ std::string userProjectFile() {
   return folder.empty() ? std::string() : (folder / "project.txt").string();
 }
 
-UserProjectResult readUserProject(const std::string& fileName) {
-  if (fileName.empty() || !exists(fileName)) return {};
+text::Result<std::optional<UserProject>> readUserProject(const std::string& fileName) {
+  if (fileName.empty() || !exists(fileName)) return std::optional<UserProject>();
   return Reader().read(fileName);
 }
 
 std::string faultOf(const UserProject& project) {
   if (text::trimBlanks(project.name).empty()) return "the project has no name";
   if (project.name.size() > kLongestName) return "the name is longer than 80 characters";
-  // The sign ends the name where name and projection text are handed over in one text.
+  // The tilde ends the name where name and projection text travel in one text.
   if (project.name.find('~') != std::string::npos) return "the name holds a tilde";
   if (project.name.find("None Selected") != std::string::npos) return "\"None Selected\" stands for no project";
   if (text::trimBlanks(project.definition).empty()) return "the project has no definition";
@@ -107,6 +123,17 @@ std::string faultOf(const UserProject& project) {
   if (text::hasControlCharacter(project.name) || text::hasControlCharacter(project.definition))
     return "name and definition hold no line breaks, tabs or other control characters";
   return {};
+}
+
+std::string definitionRequest(const UserProject& project) {
+  return projectionText(kUserDefinedProject, project.metres) + '\n' + project.definition;
+}
+
+std::string_view toldDatum(std::string_view answer) {
+  const std::string_view line = answer.substr(0, answer.find('\n'));
+  if (!line.starts_with(kToldDatum)) return {};
+  const std::string_view datum = line.substr(kToldDatum.size());
+  return isDatum(datum) ? datum : std::string_view();
 }
 
 bool writeUserProject(const std::string& fileName, const UserProject& project, std::string& error) {
@@ -118,7 +145,8 @@ bool writeUserProject(const std::string& fileName, const UserProject& project, s
   const bool written = lines.open(fileName) && lines.writeLine("# The user-defined project of Tovak.") &&
                        lines.writeLine("name = " + project.name) &&
                        lines.writeLine("definition = " + project.definition) &&
-                       lines.writeLine("unit = " + std::string(project.metres ? kMetres : kFeet)) && lines.commit();
+                       lines.writeLine("unit = " + std::string(project.metres ? kMetres : kFeet)) &&
+                       (project.datum.empty() || lines.writeLine("datum = " + project.datum)) && lines.commit();
   if (!written) error = lines.error();
   return written;
 }

@@ -5,40 +5,50 @@
 ///     name = Bridge 42
 ///     definition = +proj=tmerc +lat_0=45 +lon_0=-93.5 +k=1 +x_0=30000 +y_0=20000 +ellps=GRS80
 ///     unit = metres
+///     datum = NAD83
 ///
-/// each once, in any order; the unit is "metres" or "feet" (U.S. survey feet). What a definition may be is the engine's
-/// business.
+/// each once, in any order; the unit is "metres" or "feet" (U.S. survey feet); the datum, "NAD27" or "NAD83", may be
+/// missing. The engine decides which definitions are valid.
 #pragma once
 
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
+
+#include "text/result.h"
 
 namespace tovak::run {
 
-/// Reading WKT takes time with the square of its length.
+/// The time to read WKT grows with the square of its length.
 inline constexpr std::size_t kLongestDefinition = 8192;
 
 struct UserProject {
   std::string name;
   std::string definition;
   bool metres = true;  ///< else U.S. survey feet
-};
-
-struct UserProjectResult {
-  std::optional<UserProject> project;
-  std::string error;  ///< file, line and reason; empty when there is no such file too
+  /// "NAD27" or "NAD83", what the engine found with the definition; empty where it is not known.
+  std::string datum = {};
 };
 
 /// The file of this user, "project.txt" in the data folder; empty without a data folder.
 std::string userProjectFile();
 
-UserProjectResult readUserProject(const std::string& fileName);
+/// The project of a file, nothing where there is no such file, or file, line and reason.
+text::Result<std::optional<UserProject>> readUserProject(const std::string& fileName);
 
 /// Why the name or the shape of the definition cannot stand in the file, empty when they can.
 std::string faultOf(const UserProject& project);
 
-/// Replaces the file by a project without fault. False with the reason in `error`; the old file is then still there.
+/// What the engine's `GetProjectionFromText` is asked about a project's definition: the projection text the project
+/// would have, a line end, and the definition. A text from a data file never looks like that.
+std::string definitionRequest(const UserProject& project);
+
+/// The datum in the engine's answer to a `definitionRequest`, empty where its first line does not give one.
+std::string_view toldDatum(std::string_view answer);
+inline constexpr std::string_view kToldDatum = "Datum ";  ///< the text before it
+
+/// Replaces the file with a valid project. False with the reason in `error`; the old file is then still there.
 bool writeUserProject(const std::string& fileName, const UserProject& project, std::string& error);
 
 }  // namespace tovak::run

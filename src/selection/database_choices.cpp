@@ -12,7 +12,7 @@
 namespace tovak::selection {
 namespace {
 
-using formats::CountyZone;
+using formats::database::SheetZone;
 using run::Adjustment;
 
 struct HorizontalReference {
@@ -48,22 +48,22 @@ constexpr std::array<VerticalReference, 2> kVerticals = {{
 struct ZoneText {
   std::string_view text;
   std::string_view suffix;
-  CountyZone zone;
+  SheetZone zone;
 };
 
-constexpr std::array<ZoneText, 4> kZones = {{{"North", " - North", CountyZone::North},
-                                             {"Central", " - Central", CountyZone::Central},
-                                             {"South", " - South", CountyZone::South},
-                                             {"North Shore", " - Lake (North Shore)", CountyZone::NorthShore}}};
+constexpr std::array<ZoneText, 4> kZones = {{{"North", " - North", SheetZone::North},
+                                             {"Central", " - Central", SheetZone::Central},
+                                             {"South", " - South", SheetZone::South},
+                                             {"North Shore", " - Lake (North Shore)", SheetZone::NorthShore}}};
 
 /// The one county whose zones have a list entry for the county as a whole.
 constexpr std::string_view kLake = "Lake";
 
-bool has(const formats::SheetScan& scan, CountyZone zone) {
+bool has(const formats::database::SheetScan& scan, SheetZone zone) {
   return scan.zones[static_cast<std::size_t>(zone)];
 }
 
-/// The entry of a table that has the text, or null. A text of the list becomes its choice.
+/// The entry of a table that has the text, or null. Turns a text of the list into its choice.
 template <typename Table>
 auto choose(ChoiceList& list, const Table& table, std::string_view text) -> decltype(table.data()) {
   const auto position = std::ranges::find(list.texts, text);
@@ -74,8 +74,8 @@ auto choose(ChoiceList& list, const Table& table, std::string_view text) -> decl
 
 }  // namespace
 
-void fillDatabaseLists(Selections& selections, const formats::SheetScan& scan) {
-  run::GeodeticCsvChoice& choice = selections.run.geodeticCsv;
+void fillDatabaseLists(Selections& selections, const formats::database::SheetScan& scan) {
+  run::GeodeticCsvChoice& choice = selections.run.options.geodeticCsv;
   selections.horizontals = selections.verticals = selections.countyZones = {};
   choice.horizontal = choice.vertical = 0;
   choice.zoneSuffix.clear();
@@ -88,7 +88,7 @@ void fillDatabaseLists(Selections& selections, const formats::SheetScan& scan) {
     if (scan.present[static_cast<std::size_t>(reference.code)]) selections.verticals.texts.push_back(reference.text);
   }
   std::vector<std::string_view>& zones = selections.countyZones.texts;
-  if (has(scan, CountyZone::NorthShore) && text::equalsIgnoringCase(scan.countyName, kLake))
+  if (has(scan, SheetZone::NorthShore) && text::equalsIgnoringCase(scan.countyName, kLake))
     zones.emplace_back("Lake County");
   for (const ZoneText& zone : kZones) {
     if (has(scan, zone.zone)) zones.push_back(zone.text);
@@ -101,7 +101,7 @@ void fillDatabaseLists(Selections& selections, const formats::SheetScan& scan) {
 void chooseHorizontalReference(Selections& selections, std::string_view text) {
   const HorizontalReference* const reference = choose(selections.horizontals, kHorizontals, text);
   if (reference == nullptr) return;
-  selections.run.geodeticCsv.horizontal = reference->code;
+  selections.run.options.geodeticCsv.horizontal = reference->code;
   chooseAdjustment(selections, reference->adjustment);
   pickProjection(selections, Side::Source, reference->projection);
 }
@@ -109,17 +109,17 @@ void chooseHorizontalReference(Selections& selections, std::string_view text) {
 void chooseVerticalReference(Selections& selections, std::string_view text) {
   const VerticalReference* const reference = choose(selections.verticals, kVerticals, text);
   if (reference == nullptr) return;
-  selections.run.geodeticCsv.vertical = reference->code;
+  selections.run.options.geodeticCsv.vertical = reference->code;
   selections.run.verticalDatum = reference->datum;
 }
 
 void chooseCountyZone(Selections& selections, std::string_view text) {
   const ZoneText* const zone = choose(selections.countyZones, kZones, text);
-  selections.run.geodeticCsv.zoneSuffix = zone == nullptr ? std::string_view() : zone->suffix;
+  selections.run.options.geodeticCsv.zoneSuffix = zone == nullptr ? std::string_view() : zone->suffix;
 }
 
 std::string databaseProjectionLine(const Selections& selections) {
-  if (selections.run.geodeticCsv.horizontal == 0) return {};
+  if (selections.run.options.geodeticCsv.horizontal == 0) return {};
   const std::int16_t code = selections.run.SourceProjectionCode;
   std::string line = "Projection = ";
   text::appendWhole(line, code);
@@ -130,7 +130,7 @@ std::string databaseProjectionLine(const Selections& selections) {
 
 std::string databaseFileText(const Selections& selections) {
   std::string text = selections.run.source.fileName;
-  const std::size_t count = selections.run.geodeticCsv.sheets.size();
+  const std::size_t count = selections.run.options.geodeticCsv.sheets.size();
   if (count > 1) {
     text += "  (+";
     text::appendWhole(text, static_cast<std::int64_t>(count - 1));

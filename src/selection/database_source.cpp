@@ -8,8 +8,7 @@
 
 #include "formats/database/map_sheets.h"
 #include "formats/database/sheet_scan.h"
-#include "run/conversion_run.h"
-#include "run/format_index.h"
+#include "run/run_messages.h"
 #include "selection/database_choices.h"
 #include "text/strings.h"
 #include "text/system_error.h"
@@ -17,12 +16,13 @@
 namespace tovak::selection {
 namespace {
 
-formats::MapSheetList chosenSheets(formats::MapSheetList found, const std::string& chosen, const Ask& ask) {
+formats::database::MapSheetList chosenSheets(formats::database::MapSheetList found, const std::string& chosen,
+                                             const Ask& ask) {
   run::Answer answer = run::Answer::No;
-  if (found.size() > 1) answer = ask(formats::mapSheetQuestion(found.size()));
+  if (found.size() > 1) answer = ask(formats::database::mapSheetQuestion(found.size()));
   if (answer == run::Answer::Cancel) return {};
-  // One sheet is read by the name that it was chosen by.
-  return answer == run::Answer::Yes ? std::move(found) : formats::MapSheetList{chosen};
+  // A single sheet is read by the name under which it was chosen.
+  return answer == run::Answer::Yes ? std::move(found) : formats::database::MapSheetList{chosen};
 }
 
 }  // namespace
@@ -30,7 +30,7 @@ formats::MapSheetList chosenSheets(formats::MapSheetList found, const std::strin
 DatabaseOutcome chooseDatabaseSource(Selections& selections, const run::FormatTables& formats, const Ask& ask) {
   run::RunSettings& settings = selections.run;
   const auto leave = [&](DatabaseOutcome outcome) {
-    chooseSourceFormat(selections, formats, run::source::Keyboard);
+    leaveForKeyboard(selections, formats);
     return outcome;
   };
   const std::string path(text::trimBlanks(settings.source.fileName));
@@ -38,19 +38,20 @@ DatabaseOutcome chooseDatabaseSource(Selections& selections, const run::FormatTa
   const bool there = std::filesystem::exists(path, error);
   if (error) return leave({.problem = run::systemMessage(text::systemErrorText(path, error.value()))});
   if (!there) return leave({.missing = true, .problem = std::nullopt});
-  formats::MapSheetSearch search = formats::findMapSheets(path);
-  if (search.problem) return leave({.problem = std::move(search.problem)});
-  if (search.sheets.empty()) return leave({.missing = true, .problem = std::nullopt});
-  formats::MapSheetList sheets = chosenSheets(std::move(search.sheets), path, ask);
+  text::Result<formats::database::MapSheetList> search = formats::database::findMapSheets(path);
+  if (!search) return leave({.problem = formats::database::sheetMessage(search.error)});
+  if (search->empty()) return leave({.missing = true, .problem = std::nullopt});
+  formats::database::MapSheetList sheets = chosenSheets(std::move(*search), path, ask);
   if (sheets.empty()) return leave({});
-  const formats::SheetScan scan = formats::scanSheets(sheets);
+  const formats::database::SheetScan scan = formats::database::scanSheets(sheets);
   if (!scan.error.empty()) return leave({.problem = run::systemMessage(scan.error)});
   settings.source.fileName = path;
-  settings.geodeticCsv.sheets = std::move(sheets);
+  settings.options.geodeticCsv.sheets = std::move(sheets);
   // The database carries its own adjustment.
   chooseAdjustment(selections, run::Adjustment::None);
   fillDatabaseLists(selections, scan);
-  chooseSourceFormat(selections, formats, run::source::GeodeticCsv);
+  beginDatabase(selections, formats);
+  chooseSourceFormat(selections, formats, settings.sourceFormat);
   return {};
 }
 

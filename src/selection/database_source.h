@@ -1,4 +1,4 @@
-/// Choosing the geodetic database as source: its map sheets are found and looked through.
+/// Choosing the geodetic database as source: its map sheets are found and scanned.
 #pragma once
 
 #include <functional>
@@ -17,8 +17,8 @@ struct DatabaseOutcome {
 /// Puts a question to the person.
 using Ask = std::function<run::Answer(const run::Message& question)>;
 
-/// Chooses the database with the source file that is named. When there are several map sheets of its county, the
-/// person is asked whether they are all meant. No adjustment is chosen then, and the lists hold what the sheets have.
+/// Chooses the database with the source file that is named. When there are several map sheets of its county, the person
+/// is asked whether to read them all. Afterwards no adjustment is chosen, and the lists show what the sheets have.
 ///
 /// The source becomes the keyboard, and the lists stay as they were, when the file is not there, the question was
 /// cancelled, or there is a problem: a path without ".csv", too many sheets, a file that cannot be reached or read.

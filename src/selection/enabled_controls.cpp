@@ -2,7 +2,6 @@
 
 #include <cstddef>
 
-#include "run/format_index.h"
 #include "run/projection_code.h"
 
 namespace tovak::selection {
@@ -11,20 +10,23 @@ EnabledControls enabledControls(const Selections& selections, const run::FormatT
   const run::RunSettings& settings = selections.run;
   // Agency batch runs take systems, angles and numbers from their own files, and write no report.
   const bool ordinary = !isAgencyRun(selections, formats);
-  const bool database = settings.sourceFormat == run::source::GeodeticCsv;
+  const run::SourceFormat& source = formats.sources[static_cast<std::size_t>(settings.sourceFormat)];
+  const run::TargetFormat& target = formats.targets[static_cast<std::size_t>(settings.targetFormat)];
   return {
-      .sourceFile = formats.sources[static_cast<std::size_t>(settings.sourceFormat)].kind != run::SourceKind::Keyboard,
-      .targetFile = formats.targets[static_cast<std::size_t>(settings.targetFormat)].kind != run::TargetKind::Screen,
+      .sourceFile = source.kind != run::SourceKind::Keyboard,
+      .targetFile = target.kind != run::TargetKind::Screen,
       .sourceProjection = ordinary,
       .targetProjection = ordinary,
       .sourceUnits = ordinary && settings.SourceProjectionCode != run::kUserDefinedProject,
       .targetUnits = !ordinary || settings.TargetProjectionCode != run::kUserDefinedProject,
       .latLongForm = ordinary && settings.latLongFormChosen,
       .ordinaryOptions = ordinary,
-      .verticalDatum = ordinary && !(database && settings.geodeticCsv.vertical != 0),
+      .verticalDatum = ordinary && !(source.fromDatabase && settings.options.geodeticCsv.vertical != 0),
       .nextNumber = ordinary && !settings.allowBlankPointNumbers,
       .report = ordinary && settings.reportEnabled,
-      .database = database,
+      .sourceLayout = source.choosesLayout,
+      .targetLayout = target.choosesLayout,
+      .database = source.fromDatabase,
   };
 }
 

@@ -1,9 +1,12 @@
 #include "selection/selections.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <filesystem>
+#include <span>
+#include <system_error>
 #include <utility>
 
-#include "run/format_index.h"
 #include "run/projection_code.h"
 #include "text/strings.h"
 
@@ -14,46 +17,26 @@ using run::SourceKind;
 using run::TargetKind;
 using text::AngleForm;
 
-/// An agency format on one side brings its partner on the other; a source brings the target's unit too.
-struct AgencyPair {
-  std::int16_t source;
-  std::int16_t target;
-  bool metres;
-};
-
-constexpr AgencyPair kAgencyPairs[] = {
-    {run::source::GeodeticsSpecial, run::target::GeodeticsSpecial, true},
-    {run::source::KrvBatch, run::target::KrvBatch, false},
-    {run::source::LmoBatch, run::target::LmoBatch, false},
-};
-
-/// Source formats that settle how latitudes and longitudes are written, whatever the projection.
-struct ForcedForm {
-  std::int16_t source;
-  AngleForm form;
-};
-
-constexpr ForcedForm kForcedForms[] = {
-    {run::source::Maptech, AngleForm::DecimalDegrees},
-    {run::source::WayPointsPlus, AngleForm::DegreesMinutesSeconds},
-};
-
-const ForcedForm* forcedForm(std::int16_t sourceFormat) {
-  for (const ForcedForm& forced : kForcedForms) {
-    if (forced.source == sourceFormat) return &forced;
-  }
-  return nullptr;
+template <typename Format, typename Condition>
+std::int16_t indexOf(std::span<const Format> formats, Condition holds) {
+  return static_cast<std::int16_t>(std::ranges::find_if(formats, holds) - formats.begin());
 }
 
 run::SideSettings& settingsOf(Selections& selections, Side side) {
   return side == Side::Source ? selections.run.source : selections.run.target;
 }
 
-/// Without latitudes and longitudes in the source there is no form of them that could have been chosen.
+/// Without latitudes and longitudes in the source, no form of them can have been chosen.
 void refreshLatLongForm(Selections& selections) {
   run::RunSettings& settings = selections.run;
-  settings.latLongFormChosen =
-      forcedForm(settings.sourceFormat) != nullptr || run::isLatLong(settings.SourceProjectionCode);
+  settings.latLongFormChosen = selections.formIsForced || run::isLatLong(settings.SourceProjectionCode);
+}
+
+/// The database fixes the form too, but only for its own rows: the choice returns with the next format.
+void takeForcedForm(Selections& selections, const run::SourceFormat& card) {
+  selections.formIsForced = card.forcedForm && !card.fromDatabase;
+  if (selections.formIsForced) selections.run.latLongForm = *card.forcedForm;
+  refreshLatLongForm(selections);
 }
 
 void setBox(Selections& selections, Side side, const run::ProjectionBox& box) {
@@ -62,7 +45,7 @@ void setBox(Selections& selections, Side side, const run::ProjectionBox& box) {
   (side == Side::Source ? settings.SourceProjectionCode : settings.TargetProjectionCode) = box.code;
   run::SideSettings& ofSide = settingsOf(selections, side);
   ofSide.metres = box.metres;
-  ofSide.projectionText = run::projectionText(box.code, box.metres);
+  if (box.code != run::kNoProjection) ofSide.projectionText = run::projectionText(box.code, box.metres);
   if (side == Side::Source && codeChanges) refreshLatLongForm(selections);
 }
 
@@ -75,15 +58,13 @@ bool isAgencyRun(const Selections& selections, const run::FormatTables& formats)
 FormatOutcome chooseSourceFormat(Selections& selections, const run::FormatTables& formats, std::int16_t format) {
   run::RunSettings& settings = selections.run;
   settings.sourceFormat = format;
-  if (const ForcedForm* const forced = forcedForm(format)) settings.latLongForm = forced->form;
-  refreshLatLongForm(selections);
-  const bool needsFile = formats.sources[static_cast<std::size_t>(format)].kind != SourceKind::Keyboard;
-  for (const AgencyPair& pair : kAgencyPairs) {
-    if (pair.source != format) continue;
-    settings.targetFormat = pair.target;
-    chooseUnit(selections, Side::Target, pair.metres);
+  const run::SourceFormat& card = formats.sources[static_cast<std::size_t>(format)];
+  takeForcedForm(selections, card);
+  if (card.partner) {
+    settings.targetFormat = card.partner->format;
+    chooseUnit(selections, Side::Target, card.partner->metres);
   }
-  return {.askForFile = needsFile && settings.source.fileName.empty()};
+  return {.askForFile = card.kind != SourceKind::Keyboard && settings.source.fileName.empty()};
 }
 
 FormatOutcome chooseTargetFormat(Selections& selections, const run::FormatTables& formats, std::int16_t format) {
@@ -91,12 +72,42 @@ FormatOutcome chooseTargetFormat(Selections& selections, const run::FormatTables
   settings.targetFormat = format;
   const run::TargetFormat& card = formats.targets[static_cast<std::size_t>(format)];
   if (card.forcesLatLong) pickProjection(selections, Side::Target, run::kLatLongNad83);
-  for (const AgencyPair& pair : kAgencyPairs) {
-    if (pair.target != format) continue;
-    settings.sourceFormat = pair.source;
-    refreshLatLongForm(selections);
+  if (card.partner) {
+    settings.sourceFormat = card.partner->format;
+    takeForcedForm(selections, formats.sources[static_cast<std::size_t>(settings.sourceFormat)]);
+    chooseUnit(selections, Side::Target, card.partner->metres);
   }
   return {.askForFile = card.kind != TargetKind::Screen && settings.target.fileName.empty()};
+}
+
+void beginDatabase(Selections& selections, const run::FormatTables& formats) {
+  selections.run.sourceFormat =
+      indexOf(formats.sources, [](const run::SourceFormat& card) { return card.fromDatabase; });
+}
+
+void leaveForKeyboard(Selections& selections, const run::FormatTables& formats) {
+  const auto isKeyboard = [](const run::SourceFormat& card) { return card.kind == SourceKind::Keyboard; };
+  chooseSourceFormat(selections, formats, indexOf(formats.sources, isKeyboard));
+}
+
+bool usesDatabase(const Selections& selections, const run::FormatTables& formats) {
+  return formats.sources[static_cast<std::size_t>(selections.run.sourceFormat)].fromDatabase;
+}
+
+void nameFile(Selections& selections, Side side, std::string name) {
+  settingsOf(selections, side).fileName = std::move(name);
+}
+
+const std::string& fileName(const Selections& selections, Side side) {
+  return (side == Side::Source ? selections.run.source : selections.run.target).fileName;
+}
+
+void chooseLayout(Selections& selections, Side side, const run::DelimitedFormat& layout) {
+  (side == Side::Source ? selections.run.sourceDelimited : selections.run.targetDelimited) = layout;
+}
+
+const run::DelimitedFormat& layoutOf(const Selections& selections, Side side) {
+  return side == Side::Source ? selections.run.sourceDelimited : selections.run.targetDelimited;
 }
 
 void chooseUnit(Selections& selections, Side side, bool metres) {
@@ -112,17 +123,51 @@ void chooseLatLongForm(Selections& selections, AngleForm form) {
   selections.run.latLongFormChosen = true;
 }
 
+void chooseVerticalDatum(Selections& selections, run::VerticalDatum datum) {
+  selections.run.verticalDatum = datum;
+}
+
+void chooseAccuracy(Selections& selections, text::Accuracy accuracy) {
+  selections.run.accuracy = accuracy;
+}
+
+void allowBlankNumbers(Selections& selections, bool allowed) {
+  selections.run.allowBlankPointNumbers = allowed;
+}
+
+void suppressReport(Selections& selections, bool suppressed) {
+  selections.run.reportEnabled = !suppressed;
+}
+
+void appendReport(Selections& selections, bool append) {
+  selections.run.appendReport = append;
+}
+
+void printReport(Selections& selections, bool print) {
+  selections.run.printReport = print;
+}
+
+void nameReport(Selections& selections, std::string fileName) {
+  selections.run.reportFileName = std::move(fileName);
+}
+
+void describeReport(Selections& selections, std::string description) {
+  selections.run.reportDescription = std::move(description);
+}
+
 run::ProjectionBox projectionBox(const Selections& selections, Side side) {
   const run::RunSettings& settings = selections.run;
   return side == Side::Source ? run::ProjectionBox{settings.SourceProjectionCode, settings.source.metres}
                               : run::ProjectionBox{settings.TargetProjectionCode, settings.target.metres};
 }
 
-std::string typeProjection(Selections& selections, Side side, std::string_view text) {
-  const run::ProjectionBox box = run::typeProjection(projectionBox(selections, side), text);
+std::string typeProjection(Selections& selections, Side side, std::string_view text, bool overNumber) {
+  const run::ProjectionBox box = run::typeProjection(projectionBox(selections, side), text, overNumber);
   setBox(selections, side, box);
   std::string shown(text);
   if (box.metres && text::findIgnoringCase(text, "M") == std::string_view::npos) shown += 'M';
+  // Unreadable text stays in the box as it was typed.
+  if (box.code == run::kNoProjection) settingsOf(selections, side).projectionText = shown;
   return shown;
 }
 
@@ -134,7 +179,9 @@ run::RunSettings runSettings(const Selections& selections, const run::FormatTabl
   run::RunSettings settings = selections.run;
   settings.BatchMode = 0;
   for (std::string* const name : {&settings.source.fileName, &settings.target.fileName, &settings.reportFileName}) {
-    *name = text::trimBlanks(*name);
+    // Blanks may be typing slips, but a file may have them in its name.
+    std::error_code unknown;
+    if (!std::filesystem::exists(*name, unknown)) *name = std::string(text::trimBlanks(*name));
   }
   const auto source = static_cast<std::size_t>(settings.sourceFormat);
   const auto target = static_cast<std::size_t>(settings.targetFormat);
@@ -149,13 +196,15 @@ void takeBack(Selections& selections, const run::RunSettings& after) {
   run::RunSettings& settings = selections.run;
   if (settings.source.fileName.empty()) settings.source.fileName = before.source.fileName;
   if (settings.target.fileName.empty()) settings.target.fileName = before.target.fileName;
+  settings.source.projectionText = before.source.projectionText;
+  settings.target.projectionText = before.target.projectionText;
   for (const Side side : {Side::Source, Side::Target}) setBox(selections, side, projectionBox(selections, side));
 }
 
-Selections selectionsFrom(const run::RunSettings& settings) {
+Selections selectionsFrom(const run::RunSettings& settings, const run::FormatTables& formats) {
   Selections selections = {.run = settings};
   for (const Side side : {Side::Source, Side::Target}) setBox(selections, side, projectionBox(selections, side));
-  refreshLatLongForm(selections);
+  takeForcedForm(selections, formats.sources[static_cast<std::size_t>(settings.sourceFormat)]);
   return selections;
 }
 

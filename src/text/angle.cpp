@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "text/angle_parts.h"
 #include "text/number.h"
 
 namespace tovak::text {
@@ -15,8 +16,10 @@ constexpr std::int64_t kUnitsPerDegree = 60 * kUnitsPerMinute;
 constexpr std::uint32_t kHundredthsPerMinute = 60 * 100;
 constexpr std::int64_t kHundredthsPerDegree = 60 * kHundredthsPerMinute;
 
-/// Below this magnitude a packed angle has its point behind the degrees.
+/// Below this magnitude a packed angle has its point after the degrees.
 constexpr double kSmallestPackedSeconds = 1000.0;
+/// No latitude or longitude in this part of the world is larger, so a number below it may be decimal degrees too.
+constexpr double kLargestShort = 100.0;
 
 void appendPadded(std::string& out, std::int64_t value, int width) {
   std::array<char, 8> digits;
@@ -29,7 +32,7 @@ void appendPadded(std::string& out, std::int64_t value, int width) {
 
 /// The magnitude of an angle in whole units.
 std::int64_t magnitudeIn(std::int64_t unitsPerDegree, double decimalDegrees) {
-  constexpr double kLargestDegrees = 1e9;  // keeps what is no angle at all inside the whole numbers
+  constexpr double kLargestDegrees = 1e9;  // keeps values that are not angles within the range of whole numbers
   const double magnitude = std::min(std::fabs(decimalDegrees), kLargestDegrees);
   return std::llrint(magnitude * static_cast<double>(unitsPerDegree));
 }
@@ -40,41 +43,49 @@ double packedSecondsOf(double degreesFirst) {
   return roundHalfEven(degreesFirst * 1e13) / 1e9;
 }
 
-std::optional<double> fromPackedSeconds(double packed) {
+AngleReading fromPackedSeconds(double packed) {
   const double degrees = std::floor(packed / 10000.0);
   const double belowDegrees = packed - degrees * 10000.0;
   const double minutes = std::floor(belowDegrees / 100.0);
   const double seconds = belowDegrees - minutes * 100.0;
-  if (minutes >= 60.0 || seconds >= 60.0) return std::nullopt;
-  return degrees + minutes / 60.0 + seconds / 3600.0;
+  return fromParts({.degrees = degrees, .minutes = minutes, .seconds = seconds});
 }
 
-std::optional<double> fromPackedMinutes(double packed) {
+AngleReading fromPackedMinutes(double packed) {
   const double degrees = std::floor(packed / 100.0);
-  const double minutes = packed - degrees * 100.0;
-  if (minutes >= 60.0) return std::nullopt;
-  return degrees + minutes / 60.0;
+  return fromParts({.degrees = degrees, .minutes = packed - degrees * 100.0});
 }
 
-std::optional<double> fromMagnitude(double magnitude, AngleForm form) {
+AngleReading fromMagnitude(double magnitude, AngleForm form) {
   switch (form) {
     case AngleForm::DecimalDegrees:
-      return magnitude;
+      break;
     case AngleForm::DegreesDecimalMinutes:
       return fromPackedMinutes(magnitude);
-    case AngleForm::DegreesMinutesSeconds:
-      return fromPackedSeconds(magnitude < kSmallestPackedSeconds ? packedSecondsOf(magnitude) : magnitude);
+    case AngleForm::DegreesMinutesSeconds: {
+      if (magnitude >= kSmallestPackedSeconds) return fromPackedSeconds(magnitude);
+      AngleReading reading = fromPackedSeconds(packedSecondsOf(magnitude));
+      reading.shortPacked = magnitude < kLargestShort;
+      return reading;
+    }
   }
-  return std::nullopt;
+  return {.degrees = magnitude};
 }
 
 }  // namespace
 
-std::optional<double> interpretAngle(double value, AngleForm form) {
-  if (!std::isfinite(value)) return std::nullopt;
-  const std::optional<double> magnitude = fromMagnitude(std::fabs(value), form);
-  if (!magnitude) return std::nullopt;
-  return std::copysign(*magnitude, value);
+AngleReading interpretAngle(double value, AngleForm form) {
+  if (!std::isfinite(value)) return {.fault = AngleFault::TooLarge};
+  AngleReading reading = fromMagnitude(std::fabs(value), form);
+  reading.degrees = std::copysign(reading.degrees, value);
+  return reading;
+}
+
+AngleReading unpackSeconds(double packed) {
+  if (!std::isfinite(packed)) return {.fault = AngleFault::TooLarge};
+  AngleReading reading = fromPackedSeconds(std::fabs(packed));
+  reading.degrees = std::copysign(reading.degrees, packed);
+  return reading;
 }
 
 SplitAngle splitAngle(double decimalDegrees) {

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
+#include <string_view>
 
 namespace tovak::text {
 
-/// How a number in a latitude or longitude field is meant.
+/// How a number alone in a latitude or longitude field is meant.
 enum class AngleForm : char {
   /// Packed degrees, minutes and seconds: DDMMSS.sss, or DD.MMSSsss when the absolute value is below 1000.
   DegreesMinutesSeconds = 'S',
@@ -16,9 +16,41 @@ enum class AngleForm : char {
   DegreesDecimalMinutes = 'M',
 };
 
-/// The angle in decimal degrees, sign kept; nothing when it is no angle: minutes or seconds of 60 or more, or a value
-/// that is not finite.
-std::optional<double> interpretAngle(double value, AngleForm form);
+/// Why a text or number is not a usable angle.
+enum class AngleFault : std::uint8_t {
+  None,
+  NotBelow60,       ///< minutes or seconds of 60 or more
+  TooLarge,         ///< not a finite number
+  OtherHemisphere,  ///< marked as south or east, or with a letter of the other axis
+};
+
+/// The reason in words; empty for `None`.
+std::string_view angleFaultText(AngleFault fault);
+
+/// A latitude or longitude as it was read.
+struct AngleReading {
+  double degrees = 0.0;  ///< decimal degrees with the sign of the text; only without a fault
+  AngleFault fault = AngleFault::None;
+  bool textBehind = false;   ///< something else stands after the angle
+  bool shortPacked = false;  ///< a packed number below 100, taken as DD.MMSSsss: it may be decimal degrees
+};
+
+/// A number in one of the forms.
+AngleReading interpretAngle(double value, AngleForm form);
+
+/// A number that is DDMMSS.sss whatever its magnitude, as in files with fixed columns.
+AngleReading unpackSeconds(double packed);
+
+enum class AngleAxis : std::uint8_t { Latitude, Longitude };
+
+/// The angle at the head of a text, outer blanks aside.
+///
+/// A single number is read in the given form. An angle whose degrees, minutes and seconds are written apart is read as
+/// written whatever the form: "45-12-34.5", "45:12:34.5", "45 3 15.5", "45°12'34.5\"", "45d12m34.5s", "45 12.5"
+/// (degrees and minutes). Only the last part has decimals. "N" or "W" may come before or after; any other hemisphere
+/// letter is a fault. Other blanks inside a number are ignored. A text without a number is an angle of 0. `scratch` is
+/// used for rare texts.
+AngleReading readAngle(std::string_view text, AngleForm form, AngleAxis axis, std::string& scratch);
 
 /// An angle rounded to 0.00001 second and only then split, so that 59.999996 seconds carry into the minutes.
 struct SplitAngle {
@@ -30,7 +62,7 @@ struct SplitAngle {
 
 SplitAngle splitAngle(double decimalDegrees);
 
-/// At least two digits, "-" in front of a negative angle.
+/// At least two digits, with "-" before a negative angle.
 void appendDegrees(std::string& out, const SplitAngle& angle);
 /// Two digits.
 void appendMinutes(std::string& out, const SplitAngle& angle);

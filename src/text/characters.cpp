@@ -20,6 +20,13 @@ std::size_t firstCharacterLength(std::string_view text) {
   return length;
 }
 
+/// Whether a terminal treats a character as a command. Those from 128 to 159 come as one byte or as UTF-8.
+bool isControl(std::string_view character) {
+  const unsigned last = byteAt(character, character.size() - 1);
+  if (character.size() == 2) return byteAt(character, 0) == 0xC2 && last < 0xA0;
+  return character.size() == 1 && character != "\n" && (last < 0x20 || (last >= 0x7F && last < 0xA0));
+}
+
 }  // namespace
 
 std::size_t characterCount(std::string_view text) {
@@ -34,12 +41,46 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
   return text.substr(0, length);
 }
 
+std::string_view charactersWithin(std::string_view text, std::size_t bytes) {
+  if (text.size() <= bytes) return text;
+  std::size_t length = 0;
+  for (;;) {
+    const std::size_t next = length + firstCharacterLength(text.substr(length));
+    if (next > bytes) return text.substr(0, length);
+    length = next;
+  }
+}
+
+std::string_view lastCharactersWithin(std::string_view text, std::size_t bytes) {
+  while (text.size() > bytes) text.remove_prefix(firstCharacterLength(text));
+  return text;
+}
+
 void appendPrintable(std::string& out, std::string_view text) {
   const std::size_t start = out.size();
   out += text;
   std::replace_if(
       out.begin() + static_cast<std::ptrdiff_t>(start), out.end(),
       [](char c) { return (c >= '\0' && c < ' ') || c == '\x7F'; }, ' ');
+}
+
+std::string withVisibleControls(std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string out;
+  while (!text.empty()) {
+    const std::string_view character = text.substr(0, firstCharacterLength(text));
+    text.remove_prefix(character.size());
+    if (!isControl(character)) {
+      out += character;
+      continue;
+    }
+    for (const char c : character) {
+      const unsigned byte = static_cast<unsigned char>(c);
+      out.append("\\x") += kDigits[byte >> 4U];
+      out += kDigits[byte & 15U];
+    }
+  }
+  return out;
 }
 
 }  // namespace tovak::text

@@ -1,7 +1,5 @@
 #include "text/date.h"
 
-#include <ctime>
-
 #include "text/number.h"
 
 namespace tovak::text {
@@ -14,11 +12,14 @@ void appendTwoDigits(std::string& out, int value) {
 
 }  // namespace
 
-Date today() {
-  const std::time_t now = std::time(nullptr);
+Date dayOf(std::time_t instant) {
   std::tm local{};
-  localtime_r(&now, &local);
+  localtime_r(&instant, &local);
   return {.year = local.tm_year + 1900, .month = local.tm_mon + 1, .day = local.tm_mday};
+}
+
+Date today() {
+  return dayOf(std::time(nullptr));
 }
 
 void appendDate(std::string& out, const Date& date, char separator) {

@@ -1,6 +1,7 @@
 /// A day of the calendar.
 #pragma once
 
+#include <ctime>
 #include <string>
 
 namespace tovak::text {
@@ -10,6 +11,9 @@ struct Date {
   int month = 0;  ///< 1 to 12
   int day = 0;
 };
+
+/// The day that an instant falls on where the program runs.
+Date dayOf(std::time_t instant);
 
 /// The day it is where the program runs.
 Date today();

@@ -25,25 +25,35 @@ bool isBlank(std::string_view line, std::size_t first, std::size_t last) {
 }
 
 void ColumnLine::advanceTo(std::size_t column) {
-  if (width_ >= column) end();
-  line_.append(column - 1 - width_, ' ');
+  if (width_ >= column) {
+    broken_ = true;
+    nextLine();
+  }
+  lines_.append(column - 1 - width_, ' ');
   width_ = column - 1;
 }
 
 void ColumnLine::put(std::string_view text) {
-  line_ += text;
+  lines_ += text;
   width_ += text.size();
 }
 
 void ColumnLine::putText(std::string_view text) {
-  appendPrintable(line_, text);
+  // Nearly every text has printable ASCII characters alone, each of one byte and one column.
+  if (std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; })) return put(text);
+  appendPrintable(lines_, text);
   width_ += characterCount(text);
 }
 
-bool ColumnLine::end() {
-  written_ = lines_.writeLine(line_) && written_;
-  line_.clear();
+void ColumnLine::nextLine() {
+  lines_ += LineWriter::kLineEnd;
   width_ = 0;
+}
+
+bool ColumnLine::end() {
+  nextLine();
+  written_ = writer_.write(lines_) && written_;
+  lines_.clear();
   return written_;
 }
 
@@ -66,15 +76,13 @@ void appendRightAligned(std::string& out, std::string_view text, std::size_t wid
   out += text;
 }
 
-void appendFourDigits(std::string& out, std::string_view pointNumber) {
+bool appendFourDigits(std::string& out, std::string_view pointNumber) {
   constexpr std::size_t kWidth = 4;
-  if (pointNumber.size() >= kWidth) {
-    out += pointNumber.substr(pointNumber.size() - kWidth);
-    return;
-  }
-  // Three zeros at most are put in front.
-  out.append(std::min<std::size_t>(kWidth - pointNumber.size(), 3), '0');
-  out += pointNumber;
+  const std::string_view kept = lastCharactersWithin(pointNumber, kWidth);
+  // At most three leading zeros are added.
+  out.append(std::min<std::size_t>(kWidth - kept.size(), 3), '0');
+  out += kept;
+  return kept.size() == pointNumber.size();
 }
 
 }  // namespace tovak::text

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "text/line_writer.h"
 
@@ -25,37 +26,42 @@ bool isBlank(std::string_view line, std::size_t first, std::size_t last);
 /// column of a new line: an overlong field shifts what follows it to the next line rather than into other columns.
 class ColumnLine {
  public:
-  explicit ColumnLine(LineWriter& lines) : lines_(lines) {}
+  explicit ColumnLine(LineWriter& writer) : writer_(writer) {}
 
   /// The next `put` starts at `column`.
   void advanceTo(std::size_t column);
   void put(std::string_view text);
-  /// Puts a text that is meant for a person's eyes: its characters count as columns rather than its bytes, and its
-  /// control characters become blanks.
+  /// Puts a text for people to read: columns count its characters rather than its bytes, and its control characters
+  /// become blanks.
   void putText(std::string_view text);
+  /// Begins a new line, which is written together with those before it.
+  void nextLine();
   /// Writes the line and begins an empty one. False when the writer failed, now or on an earlier line.
   bool end();
+  /// Whether any field was too long since the last call.
+  bool takeBroken() { return std::exchange(broken_, false); }
 
  private:
-  LineWriter& lines_;
-  std::string line_;
-  std::size_t width_ = 0;  ///< columns taken so far
+  LineWriter& writer_;
+  std::string lines_;      ///< those to be written together
+  std::size_t width_ = 0;  ///< columns taken so far of the last one
   bool written_ = true;
+  bool broken_ = false;
 };
 
-/// Appends `value` with a decimal point always, `decimals` decimals (0 to 9, rounded half to even) and no leading
-/// zeros:
-/// ".500", "812.", "-12.35".
+/// Appends `value`, always with a decimal point, `decimals` decimals (0 to 9, rounded half to even) and no leading
+/// zeros: ".500", "812.", "-12.35".
 void appendMasked(std::string& out, double value, int decimals);
 
-/// Appends `text` with blanks in front until its decimal point (or its end, without one) is character `position`,
-/// counted from 1. A text that is longer in front of its point is appended as it is.
+/// Appends `text`, padded on the left so that its decimal point (or its end, without one) is character `position`,
+/// counted from 1. A text with more than that before its point is appended as it is.
 void appendPointAt(std::string& out, std::string_view text, std::size_t position);
 
-/// Appends `text` with blanks in front up to `width` characters; a longer text as it is.
+/// Appends `text`, padded on the left to `width` characters; a longer text as it is.
 void appendRightAligned(std::string& out, std::string_view text, std::size_t width);
 
-/// A point number of fixed-column files: zeros in front to four characters, the rightmost four kept.
-void appendFourDigits(std::string& out, std::string_view pointNumber);
+/// A point number of fixed-column files: padded with leading zeros to four characters, or cut to the rightmost four.
+/// False when the number was longer.
+bool appendFourDigits(std::string& out, std::string_view pointNumber);
 
 }  // namespace tovak::text

@@ -1,5 +1,6 @@
 #include "text/line_reader.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -8,6 +9,7 @@
 #include <unistd.h>
 
 #include "text/number.h"
+#include "text/system_calls.h"
 #include "text/system_error.h"
 
 namespace tovak::text {
@@ -15,12 +17,20 @@ namespace {
 
 constexpr std::size_t kBlockSize = std::size_t{64} << 10;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr char kEndOfFileCharacter = '\x1A';
 
 ssize_t readBlock(int file, char* to, std::size_t size) {
   ssize_t count = 0;
-  do count = ::read(file, to, size);
+  do count = systemCalls.read(file, to, size);
   while (count < 0 && errno == EINTR);
   return count;
+}
+
+/// "FILE: line N".
+std::string placeInFile(const std::string& fileName, std::uint64_t line) {
+  std::string text = fileName + ": line ";
+  appendWhole(text, static_cast<std::int64_t>(line));
+  return text;
 }
 
 }  // namespace
@@ -30,25 +40,36 @@ LineReader::~LineReader() {
 }
 
 void LineReader::close() {
-  if (file_ >= 0) ::close(file_);
+  if (file_ >= 0) systemCalls.close(file_);
   file_ = -1;
 }
 
 bool LineReader::open(const std::string& fileName, std::uint64_t start) {
+  changedBefore_ = sourceChanged();
   close();
+  version_.reset();
   fileName_ = fileName;
   start_ = start;
   startOver();
-  file_ = ::open(fileName.c_str(), O_RDONLY | O_CLOEXEC);
+  const int flags = O_RDONLY | O_CLOEXEC | (limit_ != 0 ? O_NONBLOCK : 0);
+  do file_ = systemCalls.open(fileName.c_str(), flags, 0);
+  while (file_ < 0 && errno == EINTR);
   if (file_ < 0) return fail(Fault::System, systemErrorText(fileName_, errno));
+  version_ = versionOf(file_);
   if (buffer_.empty()) buffer_.resize(kBlockSize);
   return start == 0 || rewind();
 }
 
+bool LineReader::changed() const {
+  return version_ && versionOf(fileName_) != version_;
+}
+
 void LineReader::startOver() {
-  begin_ = end_ = 0;
+  begin_ = end_ = lineFeed_ = carriageReturn_ = 0;
+  afterCarriageReturn_ = false;
   lineNumber_ = 0;
-  atEnd_ = false;
+  bytesRead_ = 0;
+  limitReached_ = atEnd_ = false;
   fault_ = Fault::None;
   error_.clear();
 }
@@ -66,7 +87,14 @@ bool LineReader::fail(Fault fault, std::string text) {
   return false;
 }
 
-/// Reads one more block behind what is held; false at the end of the file and on a fault.
+/// Where `c` is first, `end_` when it is nowhere.
+std::size_t LineReader::find(char c, std::size_t from) const {
+  const char* const bytes = buffer_.data();
+  const void* const found = from < end_ ? std::memchr(bytes + from, c, end_ - from) : nullptr;
+  return found == nullptr ? end_ : static_cast<std::size_t>(static_cast<const char*>(found) - bytes);
+}
+
+/// Reads one more block after the held text, which has no line end; false at the end of the file and on a fault.
 bool LineReader::fill() {
   if (atEnd_ || file_ < 0) return false;
   if (begin_ > 0) {
@@ -75,51 +103,72 @@ bool LineReader::fill() {
     begin_ = 0;
   }
   if (end_ == buffer_.size()) buffer_.resize(buffer_.size() * 2);
-  const ssize_t count = readBlock(file_, buffer_.data() + end_, buffer_.size() - end_);
+  const std::size_t room = buffer_.size() - end_;
+  const std::size_t wanted = limit_ == 0 ? room : std::min(room, limit_ + 1 - bytesRead_);
+  const ssize_t count = readBlock(file_, buffer_.data() + end_, wanted);
   if (count < 0) return fail(Fault::System, systemErrorText(fileName_, errno));
-  atEnd_ = count == 0;
+  bytesRead_ += static_cast<std::size_t>(count);
+  const bool ended = count == 0;
+  // The one byte beyond the limit tells a longer file from one that ends there.
+  atEnd_ = ended || beyondLimit();
+  std::size_t searched = end_;
   end_ += static_cast<std::size_t>(count);
-  return !atEnd_;
+  if (afterCarriageReturn_ && !ended) {
+    if (buffer_[begin_] == '\n') searched = ++begin_;
+    afterCarriageReturn_ = false;
+  }
+  lineFeed_ = find('\n', searched);
+  carriageReturn_ = find('\r', searched);
+  return !ended;
 }
 
-bool LineReader::take(std::size_t length, std::size_t lengthWithEnd, std::string_view& line) {
-  line = {buffer_.data() + begin_, length};
-  begin_ += lengthWithEnd;
-  ++lineNumber_;
-  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-  if (line.size() > kMaxLineLength) {
-    std::string text = fileName_ + ": line ";
-    appendWhole(text, static_cast<std::int64_t>(lineNumber_));
-    return fail(Fault::LineTooLong, text + " is longer than 1 MiB");
+/// Returns the text before the line end at that place.
+bool LineReader::take(std::size_t lineEnd, std::string_view& line) {
+  line = {buffer_.data() + begin_, lineEnd - begin_};
+  begin_ = lineEnd + 1;
+  if (lineEnd == carriageReturn_) {
+    if (lineFeed_ == begin_ && begin_ < end_) ++begin_;
+    afterCarriageReturn_ = begin_ == end_ && lineFeed_ == end_;
+    carriageReturn_ = find('\r', begin_);
   }
+  if (lineFeed_ < begin_) lineFeed_ = find('\n', begin_);
+  return begin(line);
+}
+
+/// Returns the text after the last line end.
+bool LineReader::takeLast(std::string_view& line) {
+  line = {buffer_.data() + begin_, end_ - begin_};
+  begin_ = end_;
+  while (!line.empty() && line.back() == kEndOfFileCharacter) line.remove_suffix(1);
+  return !line.empty() && begin(line);
+}
+
+/// Counts a line, and looks at its beginning and length.
+bool LineReader::begin(std::string_view& line) {
+  ++lineNumber_;
+  if (line.size() > kMaxLineLength)
+    return fail(Fault::LineTooLong, placeInFile(fileName_, lineNumber_) + " is longer than 1 MiB");
   if (lineNumber_ == 1 && start_ == 0 && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
   return true;
 }
 
 bool LineReader::next(std::string_view& line) {
   if (fault_ != Fault::None) return false;
-  std::size_t scanned = 0;
   for (;;) {
-    const char* const from = buffer_.data() + begin_ + scanned;
-    const void* const found = begin_ + scanned < end_ ? std::memchr(from, '\n', end_ - begin_ - scanned) : nullptr;
-    if (found != nullptr) {
-      const auto length = static_cast<std::size_t>(static_cast<const char*>(found) - (buffer_.data() + begin_));
-      return take(length, length + 1, line);
+    const std::size_t lineEnd = std::min(lineFeed_, carriageReturn_);
+    if (lineEnd < end_) return take(lineEnd, line);
+    if (end_ - begin_ > kMaxLineLength) {
+      line = {buffer_.data() + begin_, end_ - begin_};
+      return begin(line);
     }
-    scanned = end_ - begin_;
-    // One more than the longest line with its CR is enough to know that it is too long.
-    if (scanned > kMaxLineLength + 1) return take(scanned, scanned, line);
     if (fill()) continue;
-    if (fault_ != Fault::None || scanned == 0) return false;
-    return take(scanned, scanned, line);
+    limitReached_ = beyondLimit();
+    return fault_ == Fault::None && !limitReached_ && takeLast(line);
   }
 }
 
 std::string faultAtLine(const std::string& fileName, std::uint64_t line, std::string_view reason) {
-  std::string text = fileName + ": line ";
-  appendWhole(text, static_cast<std::int64_t>(line));
-  text += ": ";
-  return text += reason;
+  return placeInFile(fileName, line).append(": ").append(reason);
 }
 
 }  // namespace tovak::text

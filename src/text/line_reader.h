@@ -3,15 +3,18 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "text/file_identity.h"
 
 namespace tovak::text {
 
 class LineReader {
  public:
-  /// The longest line that is read, its line end aside. A longer one is a fault, not an allocation.
+  /// The longest line that is read, without its line end. A longer one is a fault; memory does not grow for it.
   static constexpr std::size_t kMaxLineLength = std::size_t{1} << 20;
 
   enum class Fault {
@@ -28,15 +31,25 @@ class LineReader {
   /// Opens a file from its byte `start` on; one that was open is closed. False: `error()` says why.
   bool open(const std::string& fileName, std::uint64_t start = 0);
 
-  /// Begins again at the line that was first. False, with `error()`, where the system cannot go back, as in a pipe.
+  /// Goes back to the first line. False, with `error()`, where the system cannot go back, as in a pipe.
   bool rewind();
 
-  /// The next line without its line end (LF or CR LF; the last line needs none). Any bytes are passed through, but a
-  /// UTF-8 byte order mark at the very start is left out. The view holds until the next call. False at the end of the
-  /// file and on a fault.
+  /// The next line without its line end (LF, CR LF or a lone CR; the last line needs none). All bytes are passed
+  /// through, except a UTF-8 byte order mark at the very start and the character 26 (Ctrl-Z) with which older programs
+  /// end a file. The view holds until the next call. False at the end of the file and on a fault.
   bool next(std::string_view& line);
 
   void close();
+
+  /// Whether a file read here, this one or one opened before it, is no longer the one that was opened, or has another
+  /// size or time: it was written to, cut, replaced or removed meanwhile. What is no ordinary file never is.
+  bool sourceChanged() const { return changedBefore_ || changed(); }
+
+  /// From the next opening on no more than the first `bytes` of a file are read, and a line that they cut off is not
+  /// given out. Nothing is waited for either, such as the other end of a pipe.
+  void limit(std::size_t bytes) { limit_ = bytes; }
+  /// Whether the limit, and not the file, has ended the lines.
+  bool limitReached() const { return limitReached_; }
 
   /// The number of the line that `next` gave last, from 1.
   std::uint64_t lineNumber() const { return lineNumber_; }
@@ -46,17 +59,32 @@ class LineReader {
   const std::string& error() const { return error_; }
 
  private:
+  bool beyondLimit() const { return limit_ != 0 && bytesRead_ > limit_; }
   bool fill();
   void startOver();
   bool fail(Fault fault, std::string text);
-  bool take(std::size_t length, std::size_t lengthWithEnd, std::string_view& line);
+  std::size_t find(char c, std::size_t from) const;
+  bool take(std::size_t lineEnd, std::string_view& line);
+  bool takeLast(std::string_view& line);
+  bool begin(std::string_view& line);
+  bool changed() const;
 
   std::string fileName_;
+  std::optional<FileVersion> version_;  ///< when it was opened; nothing for what is no ordinary file
+  bool changedBefore_ = false;          ///< one of those that were opened before
   int file_ = -1;
   std::uint64_t start_ = 0;
+  std::size_t limit_ = 0;  ///< 0 for none
+  std::size_t bytesRead_ = 0;
+  bool limitReached_ = false;
   std::vector<char> buffer_;
   std::size_t begin_ = 0;  ///< first byte not yet given out
   std::size_t end_ = 0;    ///< past the last byte read
+  // The next CR and the next LF, `end_` where none has been read. Each is searched for once, so a file with one kind of
+  // line end does not pay for the other.
+  std::size_t lineFeed_ = 0;
+  std::size_t carriageReturn_ = 0;
+  bool afterCarriageReturn_ = false;  ///< the last byte given out was a CR whose LF may still come
   bool atEnd_ = false;
   std::uint64_t lineNumber_ = 0;
   Fault fault_ = Fault::None;

@@ -9,10 +9,10 @@ constexpr std::size_t kBlockSize = std::size_t{64} << 10;
 
 }  // namespace
 
-bool LineWriter::open(const std::string& fileName, TargetFile::Way way) {
+bool LineWriter::open(const std::string& fileName, TargetFile::Way way, TargetFile::Joint joint) {
   buffer_.clear();
   buffer_.reserve(kBlockSize);
-  return target_.open(fileName, way);
+  return target_.open(fileName, way, joint);
 }
 
 bool LineWriter::flush() {
@@ -22,6 +22,10 @@ bool LineWriter::flush() {
 }
 
 bool LineWriter::write(std::string_view bytes) {
+  if (text_ != nullptr) {
+    *text_ += bytes;
+    return true;
+  }
   if (buffer_.size() + bytes.size() > kBlockSize && !flush()) return false;
   if (bytes.size() > kBlockSize) return target_.write(bytes);
   buffer_ += bytes;
@@ -33,7 +37,7 @@ bool LineWriter::writeLine(std::string_view line) {
 }
 
 bool LineWriter::finish() {
-  return flush() && target_.finish();
+  return text_ != nullptr || (flush() && target_.finish());
 }
 
 bool LineWriter::commit() {

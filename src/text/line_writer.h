@@ -9,26 +9,29 @@
 
 namespace tovak::text {
 
-/// A failure stays: everything after it fails too, and `error` keeps the first one.
+/// After a failure every later call fails too, and `error` keeps the first one.
 class LineWriter {
  public:
   /// Lines end with the platform's line end.
   static constexpr std::string_view kLineEnd = "\n";
 
-  bool open(const std::string& fileName, TargetFile::Way way = TargetFile::Way::Replace);
+  bool open(const std::string& fileName, TargetFile::Way way = TargetFile::Way::Replace,
+            TargetFile::Joint joint = nullptr);
+  /// Everything goes into a text, which lives longer than the writer, and nothing to the disk.
+  void openText(std::string& text) { text_ = &text; }
   /// One line; its end is added.
   bool writeLine(std::string_view line);
   /// Bytes as they are.
   bool write(std::string_view bytes);
-  /// Writes what is left: from now on only giving the file its name can fail (see `TargetFile`).
+  /// Writes what is left. After that only giving the file its name can fail (see `TargetFile`).
   bool finish();
   /// Finishes, and gives the file its name.
   bool commit();
   /// Drops everything; an older file stays.
   void discard();
 
-  /// Where the first line stands in the committed file.
-  std::uint64_t start() const { return target_.start(); }
+  /// What it is written into.
+  const TargetFile& target() const { return target_; }
 
   /// The file's name and the system's text, empty without a failure.
   const std::string& error() const { return target_.error(); }
@@ -38,6 +41,7 @@ class LineWriter {
 
   TargetFile target_;
   std::string buffer_;
+  std::string* text_ = nullptr;  ///< instead of the target
 };
 
 }  // namespace tovak::text

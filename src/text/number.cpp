@@ -1,8 +1,11 @@
 #include "text/number.h"
 
+#include <algorithm>
 #include <array>
+#include <cfloat>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 
@@ -13,9 +16,11 @@ namespace {
 
 constexpr double kExactWholeLimit = 9007199254740992.0;  // 2^53
 constexpr std::size_t kThousandsGroup = 3;
-constexpr std::array<double, 10> kPowersOfTen = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+/// Those that a double holds exactly.
+constexpr std::array<double, 23> kPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                                 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-/// "00", "01" and so on to "99", one behind the other: half as many divisions as digit by digit.
+/// "00", "01" and so on to "99", one after the other: half as many divisions as digit by digit.
 constexpr std::array<char, 200> kTwoDigits = [] {
   std::array<char, 200> digits{};
   for (std::size_t i = 0; i < digits.size(); i += 2) {
@@ -34,12 +39,78 @@ std::size_t skipDigits(std::string_view text, std::size_t at) {
   return at;
 }
 
-/// The end of the digits with their optional point that begin at `at`; `at` itself when there is no digit.
-std::size_t endOfDecimal(std::string_view text, std::size_t at) {
-  const std::size_t wholeEnd = skipDigits(text, at);
-  if (wholeEnd == text.size() || text[wholeEnd] != '.') return wholeEnd;
-  const std::size_t fractionEnd = skipDigits(text, wholeEnd + 1);
-  return fractionEnd == at + 1 ? at : fractionEnd;
+/// A number without its sign, in its parts.
+struct Decimal {
+  const char* first = nullptr;
+  const char* wholeEnd = nullptr;
+  const char* fraction = nullptr;  ///< after the point; `wholeEnd` without one
+  const char* digitsEnd = nullptr;
+  const char* end = nullptr;
+  std::uint64_t digits = 0;   ///< all of them as one whole number, for up to 19 digits
+  std::int64_t exponent = 0;  ///< as it is written; an exponent beyond the range of a double is limited
+
+  std::ptrdiff_t decimals() const { return digitsEnd - fraction; }
+  std::ptrdiff_t digitCount() const { return wholeEnd - first + decimals(); }
+};
+
+/// Takes the digits at `at` as the last ones of `number` and returns where they end.
+const char* takeDigits(const char* at, const char* end, std::uint64_t& number) {
+  for (; at != end && isDigit(*at); ++at) number = number * 10 + static_cast<std::uint64_t>(*at - '0');
+  return at;
+}
+
+/// Takes the exponent at the end of the digits, when one with a digit is there.
+void takeExponent(const char* end, Decimal& decimal) {
+  constexpr std::int64_t kEnough = 1'000'000'000;
+  const char* at = decimal.digitsEnd + 1;
+  const bool negative = at != end && *at == '-';
+  if (at != end && (*at == '-' || *at == '+')) ++at;
+  std::int64_t exponent = 0;
+  const char* const first = at;
+  for (; at != end && isDigit(*at); ++at) exponent = std::min(exponent * 10 + (*at - '0'), kEnough);
+  if (at == first) return;
+  decimal.exponent = negative ? -exponent : exponent;
+  decimal.end = at;
+}
+
+Decimal readDecimal(const char* at, const char* end) {
+  Decimal decimal;
+  decimal.first = at;
+  decimal.wholeEnd = decimal.fraction = decimal.digitsEnd = takeDigits(at, end, decimal.digits);
+  if (decimal.wholeEnd != end && *decimal.wholeEnd == '.') {
+    decimal.fraction = decimal.wholeEnd + 1;
+    decimal.digitsEnd = takeDigits(decimal.fraction, end, decimal.digits);
+  }
+  decimal.end = decimal.digitsEnd;
+  if (decimal.end != end && (*decimal.end == 'e' || *decimal.end == 'E')) takeExponent(end, decimal);
+  return decimal;
+}
+
+/// Whether a number outside the range of a double is too large rather than too small.
+bool isTooLarge(const Decimal& decimal) {
+  const char* digit = decimal.first;
+  while (digit != decimal.digitsEnd && (*digit == '0' || *digit == '.')) ++digit;
+  const std::ptrdiff_t places = digit < decimal.wholeEnd ? decimal.wholeEnd - digit : decimal.fraction - digit;
+  return places + decimal.exponent > 0;
+}
+
+double valueOf(const Decimal& decimal) {
+  constexpr std::ptrdiff_t kMostDigits = 19;
+  constexpr auto kLargestPower = static_cast<std::int64_t>(kPowersOfTen.size()) - 1;
+  const std::int64_t power = decimal.exponent - decimal.decimals();
+  // Two exact doubles have a product or quotient that is rounded once, to the nearest.
+  const bool exact = FLT_EVAL_METHOD == 0 && decimal.digitCount() <= kMostDigits &&
+                     decimal.digits <= static_cast<std::uint64_t>(kExactWholeLimit) && power >= -kLargestPower &&
+                     power <= kLargestPower;
+  if (exact) {
+    const auto digits = static_cast<double>(static_cast<std::int64_t>(decimal.digits));
+    const double scale = kPowersOfTen[static_cast<std::size_t>(std::abs(power))];
+    return power < 0 ? digits / scale : digits * scale;
+  }
+  double value = 0.0;
+  const std::from_chars_result result = std::from_chars(decimal.first, decimal.end, value);
+  if (result.ec != std::errc::result_out_of_range) return value;
+  return isTooLarge(decimal) ? std::numeric_limits<double>::infinity() : 0.0;
 }
 
 void appendAsItIs(std::string& out, double value, int decimals) {
@@ -60,29 +131,33 @@ std::optional<Whole> toWhole(double value) {
 }  // namespace
 
 LeadingNumber parseLeadingNumber(std::string_view text) {
-  std::size_t start = 0;
-  while (start < text.size() && text[start] == ' ') ++start;
-  std::size_t digits = start;
-  const bool negative = digits < text.size() && text[digits] == '-';
-  if (digits < text.size() && (text[digits] == '-' || text[digits] == '+')) ++digits;
-  if (endOfDecimal(text, digits) == digits) return {};
-
-  const char* const first = text.data() + digits;
-  double magnitude = 0.0;
-  const auto [end, error] = std::from_chars(first, text.data() + text.size(), magnitude);
-  if (error == std::errc::result_out_of_range) {
-    // The conversion does not tell too large from too small; the exponent's sign does, or the whole part without one.
-    const std::string_view number(first, static_cast<std::size_t>(end - first));
-    const std::size_t exponent = number.find_first_of("eE");
-    const bool tiny = exponent == std::string_view::npos ? number.front() == '.' || number.front() == '0'
-                                                         : number[exponent + 1] == '-';
-    magnitude = tiny ? 0.0 : std::numeric_limits<double>::infinity();
-  }
-  return {.value = negative ? -magnitude : magnitude, .length = static_cast<std::size_t>(end - text.data())};
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  while (at != end && *at == ' ') ++at;
+  const bool negative = at != end && *at == '-';
+  if (at != end && (*at == '-' || *at == '+')) ++at;
+  const Decimal decimal = readDecimal(at, end);
+  if (decimal.digitCount() == 0) return {};
+  const double magnitude = valueOf(decimal);
+  return {.value = negative ? -magnitude : magnitude,
+          .length = static_cast<std::size_t>(decimal.end - text.data()),
+          .decimals = static_cast<std::size_t>(decimal.decimals())};
 }
 
 double leadingNumber(std::string_view text) {
   return parseLeadingNumber(text).value;
+}
+
+LeadingNumber parseLeadingNumber(std::string_view text, bool& doubtful) {
+  const LeadingNumber number = parseLeadingNumber(text);
+  if (number.length != text.size() && text.find_first_not_of(" \t", number.length) != std::string_view::npos) {
+    doubtful = true;
+  }
+  return number;
+}
+
+double leadingNumber(std::string_view text, bool& doubtful) {
+  return parseLeadingNumber(text, doubtful).value;
 }
 
 std::optional<double> strictNumber(std::string_view text) {
@@ -134,7 +209,7 @@ void appendFixed(std::string& out, double value, int decimals) {
     appendAsItIs(out, value, decimals);
     return;
   }
-  // Room for the sign, 16 digits, the point and, in front of small numbers, "0." with its zeros.
+  // Room for the sign, 16 digits, the point and, before small numbers, "0." with its zeros.
   std::array<char, 32> buffer;
   char* const end = buffer.data() + buffer.size();
   char* at = end;
@@ -162,29 +237,21 @@ void appendFixed(std::string& out, double value, int decimals) {
   out.append(at, end);
 }
 
-void appendPrecision(std::string& out, double value, int code) {
-  if (code < kWholeUnits) {
-    appendFixed(out, value, kWholeUnits - code);
+void formatPrecision(std::string& out, double value, Accuracy accuracy) {
+  constexpr int kUnit = static_cast<int>(Accuracy::Unit);
+  const int place = static_cast<int>(accuracy);
+  if (place <= kUnit) {
+    appendFixed(out, value, kUnit - place);
     return;
   }
-  double step = 1.0;
-  for (int i = kWholeUnits; i < code; ++i) step *= 10.0;
+  const double step = kPowersOfTen[static_cast<std::size_t>(place - kUnit)];
   appendFixed(out, std::nearbyint(value / step) * step, 0);
 }
 
-std::string formatPrecision(double value, int code) {
-  std::string out;
-  appendPrecision(out, value, code);
-  return out;
-}
-
-int missingDecimals(std::string_view text) {
-  const LeadingNumber number = parseLeadingNumber(text);
-  if (number.length == 0) return 0;
-  const std::size_t point = text.substr(0, number.length).find('.');
-  if (point == std::string_view::npos) return 3;
-  const auto decimals = static_cast<int>(skipDigits(text, point + 1) - point - 1);
-  return decimals >= 3 ? 0 : 3 - decimals;
+Accuracy writtenAccuracy(const LeadingNumber& number) {
+  constexpr std::size_t kAll = 3;
+  if (number.length == 0) return Accuracy::Thousandth;
+  return static_cast<Accuracy>(kAll - std::min(number.decimals, kAll));
 }
 
 }  // namespace tovak::text

@@ -17,6 +17,14 @@ std::string_view trimBlanks(std::string_view text) {
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string_view withoutBlanksBehind(std::string_view text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+std::string_view unlessBlank(std::string_view text) {
+  return text.find_first_not_of(' ') == std::string_view::npos ? std::string_view() : text;
+}
+
 std::string_view withoutBlanks(std::string_view text, std::string& scratch) {
   text = trimBlanks(text);
   if (text.find(' ') == std::string_view::npos) return text;

@@ -10,6 +10,11 @@ namespace tovak::text {
 /// `text` without the blanks at both ends.
 std::string_view trimBlanks(std::string_view text);
 
+/// `text` without the blanks at its end.
+std::string_view withoutBlanksBehind(std::string_view text);
+/// `text`, or an empty one when it is made of blanks.
+std::string_view unlessBlank(std::string_view text);
+
 /// `text` without any blank. The result refers to `text` itself, or to `scratch` when a blank had to be taken out.
 std::string_view withoutBlanks(std::string_view text, std::string& scratch);
 

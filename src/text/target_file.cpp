@@ -17,6 +17,7 @@
 
 #include "text/file_identity.h"
 #include "text/number.h"
+#include "text/system_calls.h"
 #include "text/system_error.h"
 
 namespace tovak::text {
@@ -25,7 +26,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// The names of the files being written, for a signal handler, which can do little but read them. A free place begins
-/// with a null character. A file beyond these, of which there is none, would stay behind.
+/// with a null character. Files beyond this number, which the program never has, would be left behind.
 constexpr std::size_t kMostUnfinished = 4;
 using UnfinishedName = std::array<char, PATH_MAX>;
 std::array<UnfinishedName, kMostUnfinished> unfinishedNames{};
@@ -73,10 +74,23 @@ class SignalsWait {
   sigset_t before_{};
 };
 
+/// After so many bytes the disk begins with them, so that little is left to bring there at the end, when the program
+/// waits for it.
+constexpr std::size_t kWriteBackStep = std::size_t{8} << 20;
+
+/// Counts bytes written into a file; `waiting` are those that the disk has not been told of. Only a hint: what fails is
+/// told by the next fsync.
+void countForDisk(int file, std::size_t bytes, std::size_t& waiting) {
+  waiting += bytes;
+  if (waiting < kWriteBackStep) return;
+  waiting = 0;
+  ::sync_file_range(file, 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
 /// 0, or the number of the system's error.
 int writeAll(int file, std::string_view bytes) {
   while (!bytes.empty()) {
-    const ssize_t written = ::write(file, bytes.data(), bytes.size());
+    const ssize_t written = systemCalls.write(file, bytes.data(), bytes.size());
     if (written < 0) {
       if (errno == EINTR) continue;
       return errno;
@@ -87,19 +101,51 @@ int writeAll(int file, std::string_view bytes) {
   return 0;
 }
 
-/// Puts everything in one file behind the other, on the disk: 0, or the number of the system's error.
-int appendContents(int from, int to) {
-  std::vector<char> block(std::size_t{64} << 10);
+/// Brings a file to the disk: 0, or the number of the system's error.
+int bringToDisk(int file) {
+  while (systemCalls.sync(file) != 0) {
+    if (errno != EINTR) return errno;
+  }
+  return 0;
+}
+
+/// A file system on another machine, or one with quotas, may tell of a failed write no sooner than at a close. This one
+/// is another descriptor's, so that the file can still be given up: 0, or the number of the system's error.
+int closeCopy(int file) {
+  const int copy = ::fcntl(file, F_DUPFD_CLOEXEC, 0);
+  if (copy < 0) return errno;
+  return systemCalls.close(copy) == 0 || errno == EINTR ? 0 : errno;
+}
+
+/// Puts `between` and then everything in one file after the other, on the disk: 0, or the number of the system's
+/// error.
+int appendContents(std::string_view between, int from, int to) {
+  // One write for both, and for all of a short file: a program that is killed leaves both or neither.
+  std::vector<char> block(between.size() + (std::size_t{64} << 10));
+  std::size_t held = between.copy(block.data(), between.size());
+  std::size_t waiting = 0;
   for (off_t position = 0;;) {
-    const ssize_t count = ::pread(from, block.data(), block.size(), position);
+    const ssize_t count = systemCalls.readAt(from, block.data() + held, block.size() - held, position);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) return errno;
-    if (count == 0) return ::fsync(to) == 0 ? 0 : errno;
-    const int error = writeAll(to, {block.data(), static_cast<std::size_t>(count)});
+    const int error = writeAll(to, {block.data(), held + static_cast<std::size_t>(count)});
     if (error != 0) return error;
+    if (count == 0) return bringToDisk(to);
+    countForDisk(to, static_cast<std::size_t>(count), waiting);
     position += count;
+    held = 0;
   }
 }
+
+/// The name by which the system knows an open file of this program.
+std::string processName(int file) {
+  std::string name = "/proc/self/fd/";
+  appendWhole(name, file);
+  return name;
+}
+
+/// How many names are tried before giving up on a folder.
+constexpr int kMostNames = 10000;
 
 /// A new file gets the older one's permissions and, as far as the system allows, its owner.
 void inheritAttributes(int file, const struct stat& older) {
@@ -120,7 +166,7 @@ bool TargetFile::fail(int errorNumber) {
 }
 
 void TargetFile::discard() {
-  if (file_ >= 0) ::close(file_);
+  if (file_ >= 0) systemCalls.close(file_);
   file_ = -1;
   if (temporaryName_.empty()) return;
   ::unlink(temporaryName_.c_str());
@@ -128,16 +174,34 @@ void TargetFile::discard() {
   temporaryName_.clear();
 }
 
-bool TargetFile::createBeside() {
+std::string TargetFile::folder() const {
   const fs::path folder = fs::path(finalName_).parent_path();
-  constexpr int kMostNames = 10000;
+  return folder.empty() ? "." : folder.string();
+}
+
+/// A temporary name for a file until it gets its final one.
+std::string TargetFile::nameBeside(int number) const {
+  std::string name = ".tovak_";
+  appendWhole(name, ::getpid());
+  name += '_';
+  appendWhole(name, number);
+  return (fs::path(finalName_).parent_path() / name).string();
+}
+
+bool TargetFile::createUnnamed() {
+  file_ = systemCalls.open(folder().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666);
+  if (file_ < 0) return false;
+  // A file can only be linked within its own file system.
+  if (::access(processName(file_).c_str(), F_OK) == 0) return true;
+  systemCalls.close(file_);
+  file_ = -1;
+  return false;
+}
+
+bool TargetFile::createNamed() {
   for (int i = 0; i < kMostNames; ++i) {
-    std::string name = ".tovak_";
-    appendWhole(name, ::getpid());
-    name += '_';
-    appendWhole(name, i);
-    const std::string candidate = (folder / name).string();
-    file_ = ::open(candidate.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    const std::string candidate = nameBeside(i);
+    file_ = systemCalls.open(candidate.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (file_ >= 0) {
       temporaryName_ = candidate;
       noteUnfinished(temporaryName_);
@@ -148,22 +212,43 @@ bool TargetFile::createBeside() {
   return false;
 }
 
-bool TargetFile::open(const std::string& fileName, Way way) {
+bool TargetFile::createBeside() {
+  return (naming_ == Naming::Late && createUnnamed()) || createNamed();
+}
+
+bool TargetFile::openDescriptor(int descriptor) {
+  direct_ = true;
+  const int flags = ::fcntl(descriptor, F_GETFL);
+  if (flags >= 0 && (flags & O_ACCMODE) == O_RDONLY) return fail(EBADF);
+  file_ = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+  return file_ >= 0 || fail(errno);
+}
+
+bool TargetFile::open(const std::string& fileName, Way way, Joint joint) {
   discard();
   fileName_ = fileName;
   way_ = way;
+  joint_ = joint;
   start_ = 0;
+  waiting_ = 0;
+  direct_ = hasOlder_ = false;
   error_.clear();
+  if (fileName.empty()) return fail(ENOENT);
+  if (const std::optional<int> descriptor = namedDescriptor(fileName)) return openDescriptor(*descriptor);
   struct stat older {};
   const bool exists = ::stat(fileName.c_str(), &older) == 0;
+  if (!exists && errno != ENOENT) return fail(errno);
   if (exists && S_ISDIR(older.st_mode)) return fail(EISDIR);
   if (exists && !S_ISREG(older.st_mode)) {
-    file_ = ::open(fileName.c_str(), O_WRONLY | O_CLOEXEC);
+    direct_ = true;
+    file_ = systemCalls.open(fileName.c_str(), O_WRONLY | O_CLOEXEC, 0);
     return file_ >= 0 || fail(errno);
   }
+  hasOlder_ = exists;
   const std::optional<fs::path> final = behindLinks(fileName);
   if (!final) return fail(ELOOP);
   finalName_ = final->string();
+  if (nameBeside(kMostNames).size() >= PATH_MAX) return fail(ENAMETOOLONG);
   // Renaming would replace even a file that is protected against writing.
   if (exists && ::access(fileName.c_str(), W_OK) != 0) return fail(errno);
   if (!createBeside()) return fail(errno);
@@ -174,50 +259,104 @@ bool TargetFile::open(const std::string& fileName, Way way) {
 bool TargetFile::write(std::string_view bytes) {
   if (file_ < 0) return false;
   const int error = writeAll(file_, bytes);
-  return error == 0 || fail(error);
+  if (error != 0) return fail(error);
+  countForDisk(file_, bytes.size(), waiting_);
+  return true;
 }
 
 bool TargetFile::finish() {
   if (file_ < 0) return false;
-  // The contents must be on the disk before the name is: a crash must not leave an empty file under it.
-  return temporaryName_.empty() || ::fsync(file_) == 0 || fail(errno);
+  // The contents must be on the disk before the name is: a crash must not leave an empty file under it. Devices and
+  // pipes say that there is nothing to bring there.
+  const int error = bringToDisk(file_);
+  if (direct_) return error == 0 || error == EINVAL || error == EROFS || fail(error);
+  const int late = error == 0 ? closeCopy(file_) : error;
+  return late == 0 || fail(late);
 }
 
 bool TargetFile::commit() {
   if (!finish()) return false;
-  if (way_ == Way::Append && !temporaryName_.empty() && ::access(finalName_.c_str(), F_OK) == 0) return appendToOlder();
-  const int file = file_;
-  file_ = -1;
-  if (::close(file) != 0 && errno != EINTR) return fail(errno);
-  if (temporaryName_.empty()) return true;
-  if (std::rename(temporaryName_.c_str(), finalName_.c_str()) != 0) return fail(errno);
-  forgetUnfinished(temporaryName_);
-  temporaryName_.clear();
-  return true;
-}
-
-bool TargetFile::appendToOlder() {
-  const SignalsWait wait;
-  const int older = ::open(finalName_.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
-  if (older < 0) return fail(errno);
-  // Another program may be at the same; where files cannot be locked it goes on without.
-  ::flock(older, LOCK_EX);
-  struct stat before {};
-  int error = ::fstat(older, &before) == 0 ? 0 : errno;
-  if (error == 0) {
-    start_ = static_cast<std::uint64_t>(before.st_size);
-    error = appendContents(file_, older);
-    if (error != 0 && ::ftruncate(older, before.st_size) != 0) errno = 0;
+  if (direct_) {
+    const int file = file_;
+    file_ = -1;
+    return systemCalls.close(file) == 0 || errno == EINTR || fail(errno);
   }
-  if (::close(older) != 0 && errno != EINTR && error == 0) error = errno;
+  const SignalsWait wait;
+  const int error = way_ == Way::Append ? putBehindOlder() : replaceOlder();
   if (error != 0) return fail(error);
   discard();
   return true;
 }
 
+/// Gives the file its name, unless another has it: EEXIST.
+int TargetFile::takeFreeName() {
+  if (temporaryName_.empty()) {
+    const std::string unnamed = processName(file_);
+    return systemCalls.link(unnamed.c_str(), finalName_.c_str()) == 0 ? 0 : errno;
+  }
+  if (systemCalls.renameToFree(temporaryName_.c_str(), finalName_.c_str()) != 0) {
+    if (errno != EINVAL && errno != ENOSYS) return errno;
+    // The file system has no such call: between the check and the rename another file may take the name.
+    if (::access(finalName_.c_str(), F_OK) == 0) return EEXIST;
+    if (errno != ENOENT) return errno;
+    if (systemCalls.rename(temporaryName_.c_str(), finalName_.c_str()) != 0) return errno;
+  }
+  forgetUnfinished(temporaryName_);
+  temporaryName_.clear();
+  return 0;
+}
+
+/// Gives the file its name, which an older one may have. A file without a name cannot take the place of another, so it
+/// has a temporary name for a moment.
+int TargetFile::replaceOlder() {
+  const int error = takeFreeName();
+  if (error != EEXIST) return error;
+  for (int i = 0; temporaryName_.empty(); ++i) {
+    const std::string candidate = nameBeside(i);
+    if (systemCalls.link(processName(file_).c_str(), candidate.c_str()) == 0) {
+      temporaryName_ = candidate;
+    } else if (errno != EEXIST || i == kMostNames) {
+      return errno;
+    }
+  }
+  if (systemCalls.rename(temporaryName_.c_str(), finalName_.c_str()) != 0) return errno;
+  forgetUnfinished(temporaryName_);
+  temporaryName_.clear();
+  return 0;
+}
+
+/// Appends the file to the older one, or gives it its name when there is none, even if two programs do so at once.
+int TargetFile::putBehindOlder() {
+  for (int i = 0; i < kMostNames; ++i) {
+    const int older = systemCalls.open(finalName_.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC, 0);
+    if (older >= 0) return appendTo(older);
+    if (errno != ENOENT) return errno;
+    const int error = takeFreeName();
+    if (error != EEXIST) return error;
+  }
+  return EEXIST;
+}
+
+/// Appends to a file, which is closed.
+int TargetFile::appendTo(int older) {
+  // Another program may be appending too. Where files cannot be locked, it goes on without a lock.
+  ::flock(older, LOCK_EX);
+  struct stat before {};
+  int error = ::fstat(older, &before) == 0 ? 0 : errno;
+  if (error == 0) {
+    const std::string between = joint_ == nullptr ? std::string() : joint_(finalName_);
+    start_ = static_cast<std::uint64_t>(before.st_size) + between.size();
+    error = appendContents(between, file_, older);
+    if (error == 0) error = closeCopy(older);
+    if (error != 0 && ::ftruncate(older, before.st_size) != 0) errno = 0;
+  }
+  systemCalls.close(older);  // everything is on the disk
+  return error;
+}
+
 void removeUnfinishedFileOnSignals() {
   for (const int signalNumber : kEndingSignals) {
-    // What the caller had ignored stays ignored.
+    // A signal that was ignored stays ignored.
     if (std::signal(signalNumber, removeUnfinishedAndEnd) == SIG_IGN) std::signal(signalNumber, SIG_IGN);
   }
 }

@@ -11,7 +11,7 @@ namespace {
 constexpr int kWidestColumn = 280;
 constexpr int kRowGap = 4;
 
-QTableWidgetItem* cellItem(const QTableWidget& table, const formats::PreviewCell& cell) {
+QTableWidgetItem* cellItem(const QTableWidget& table, const formats::delimited::PreviewCell& cell) {
   auto* const item = new QTableWidgetItem(toQString(cell.text));
   if (cell.zeroCoordinate) {
     const bool dark = table.palette().color(QPalette::Base).lightness() < 128;
@@ -21,7 +21,7 @@ QTableWidgetItem* cellItem(const QTableWidget& table, const formats::PreviewCell
   return item;
 }
 
-void showRow(QTableWidget& table, int number, const formats::PreviewRow& row) {
+void showRow(QTableWidget& table, int number, const formats::delimited::PreviewRow& row) {
   for (std::size_t column = 0; column < row.cells.size(); ++column) {
     table.setItem(number, static_cast<int>(column), cellItem(table, row.cells[column]));
   }
@@ -32,7 +32,7 @@ void showRow(QTableWidget& table, int number, const formats::PreviewRow& row) {
   if (table.columnCount() > 1) table.setSpan(number, 0, 1, table.columnCount());
 }
 
-/// Columns as wide as their texts within reason. A line in one piece counts for none of them.
+/// Makes columns as wide as their texts, within reason. A line that is not split does not affect their width.
 void fitColumns(QTableWidget& table) {
   table.horizontalHeader()->setMaximumSectionSize(table.columnCount() == 1 ? QWIDGETSIZE_MAX : kWidestColumn);
   table.horizontalHeader()->setStretchLastSection(true);
@@ -42,7 +42,7 @@ void fitColumns(QTableWidget& table) {
 
 }  // namespace
 
-void showPreview(QTableWidget& table, const formats::FormatPreview& preview) {
+void showPreview(QTableWidget& table, const formats::delimited::FormatPreview& preview) {
   table.clear();
   table.clearSpans();
   QStringList columns;

@@ -7,7 +7,7 @@
 
 namespace tovak::ui {
 
-/// Fills the table anew. Coordinates that read as 0 are marked, lines without the delimiter span its width.
-void showPreview(QTableWidget& table, const formats::FormatPreview& preview);
+/// Fills the table anew. Coordinates that read as 0 are marked; lines without the delimiter span the whole table.
+void showPreview(QTableWidget& table, const formats::delimited::FormatPreview& preview);
 
 }  // namespace tovak::ui

@@ -41,7 +41,7 @@ QString anchorOf(const QTextBlock& block) {
   return {};
 }
 
-/// Some dark palettes have no colour for lines that can be told from the background.
+/// In some dark palettes the colour for lines can hardly be told from the background.
 QColor lineColour(const QPalette& palette) {
   const QColor paper = palette.color(QPalette::Base);
   const QColor ink = palette.color(QPalette::Text);
@@ -49,7 +49,7 @@ QColor lineColour(const QPalette& palette) {
   return {between(paper.red(), ink.red()), between(paper.green(), ink.green()), between(paper.blue(), ink.blue())};
 }
 
-/// Examples and the heads of tables stand out by the palette's second background.
+/// Examples and table headings use the palette's second background colour.
 QString pageStyle(const QPalette& palette) {
   const QString background = palette.color(QPalette::AlternateBase).name();
   const QString line = lineColour(palette).name();
@@ -240,7 +240,7 @@ void HelpWindow::fillContents() {
   }
 }
 
-/// A document keeps the colours it was read with, so a page that is shown is read again.
+/// A document keeps the colours it was read with, so the page on screen is read again.
 void HelpWindow::followPalette() {
   page_->document()->setDefaultStyleSheet(pageStyle(palette()));
   if (page_->source().isEmpty()) return;
@@ -259,7 +259,7 @@ void HelpWindow::selectTopic(const QString& anchor) {
   }
 }
 
-/// Marks the section that the top of the page belongs to, as the reader moves through it.
+/// Marks the section at the top of the page as the reader scrolls.
 void HelpWindow::selectTopicInView() {
   const int top = page_->cursorForPosition({0, 4}).position();
   QTreeWidgetItem* inView = nullptr;
@@ -277,7 +277,8 @@ void HelpWindow::zoom(int steps) {
   zoomSteps_ = wanted;
 }
 
-/// While a text is typed the first place is found again from where it began, so that it grows instead of moving on.
+/// While the person is typing, each search starts where the first match began, so that the match grows instead of
+/// moving on.
 void HelpWindow::beginFind() {
   QTextCursor cursor = page_->textCursor();
   cursor.setPosition(cursor.selectionStart());

@@ -15,8 +15,8 @@ class QTreeWidgetItem;
 
 namespace tovak::ui {
 
-/// One HTML file with its contents beside it: the headings of level 2, and under them those of level 3, which bear an
-/// anchor. Colours come from the palette, those of examples and tables included.
+/// One HTML file with its table of contents beside it: the level 2 headings, and under them the level 3 headings that
+/// have an anchor. All colours come from the palette, including those of examples and tables.
 ///
 /// Ctrl+F finds text on the page, F3 and Shift+F3 find it again, Alt+Left goes back, Ctrl with +, - and 0 sets the size
 /// of the text, Escape closes.
@@ -24,8 +24,8 @@ class HelpWindow : public QWidget {
  public:
   explicit HelpWindow(const QString& helpFile, QWidget* parent = nullptr);
 
-  /// Reads the file and shows the window at its contents. False when that cannot be done: then no window appears, and
-  /// `problem`, unless it is null, receives a text with the file's name and the reason.
+  /// Reads the file and shows the window at its contents. False when that fails: then no window appears, and `problem`,
+  /// unless it is null, receives a text with the file's name and the reason.
   bool open(QString* problem);
 
   /// Goes to the section that begins with the anchor.
@@ -45,7 +45,7 @@ class HelpWindow : public QWidget {
   void selectTopicInView();
   void zoom(int steps);
   void beginFind();
-  /// Finds the text of the find line from the cursor on, and from the other end of the page when it is not found there.
+  /// Searches for the text in the find line from the cursor onwards, then from the other end of the page.
   void find(bool backward);
 
   QString helpFile_;

@@ -3,7 +3,10 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QCursor>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
+#include <algorithm>
 #include <array>
 
 #include "ui/qt_text.h"
@@ -15,7 +18,7 @@ namespace {
 constexpr std::array<QMessageBox::Icon, 4> kIcons = {QMessageBox::NoIcon, QMessageBox::Warning,
                                                      QMessageBox::Information, QMessageBox::Question};
 
-/// The ordinary pointer over a box that a run has opened.
+/// Shows the ordinary pointer over a box that a run has opened.
 class ArrowCursor {
  public:
   ArrowCursor() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
@@ -24,12 +27,27 @@ class ArrowCursor {
   ~ArrowCursor() { QApplication::restoreOverrideCursor(); }
 };
 
+/// The box breaks lines at a width of its own, even where the screen has room for the whole line.
+void giveLinesTheirWidth(QLabel& label) {
+  // Qt limits the width of a box: to the whole of a small screen, to part of a larger one.
+  constexpr int kSmallScreen = 1024, kLeftFree = 480, kWidestBox = 1000, kIconAndMargins = 130;
+  const int screen = label.screen()->availableSize().width();
+  const int box = screen <= kSmallScreen ? screen : std::min(screen - kLeftFree, kWidestBox);
+  const int widest = box - kIconAndMargins;
+  label.setMinimumWidth(std::min(label.fontMetrics().size(0, label.text()).width() + 2 * label.margin(), widest));
+}
+
 void fill(QMessageBox& box, const run::Message& message) {
   box.setIcon(kIcons[static_cast<std::size_t>(message.icon)]);
   box.setWindowTitle(toQString(message.title));
   box.setTextFormat(Qt::PlainText);
   box.setText(toQString(message.text));
   box.setInformativeText(toQString(message.detail));
+  for (QLabel* const label : box.findChildren<QLabel*>()) {
+    // The format set above does not reach the label of the smaller text.
+    label->setTextFormat(Qt::PlainText);
+    giveLinesTheirWidth(*label);
+  }
 }
 
 int execQuestion(QWidget* parent, const run::Message& question, QMessageBox::StandardButtons buttons,

@@ -4,20 +4,28 @@
 #include <QAbstractTableModel>
 #include <QItemSelectionModel>
 #include <QString>
-#include <array>
+#include <cstddef>
 #include <vector>
+
+#include "run/point_record.h"
+#include "run/run_settings.h"
 
 namespace tovak::ui {
 
+/// Keeps the values of converted points. Their texts are made only when a view asks for the rows it shows: a run adds
+/// far more rows than anybody looks at.
 class OutputRows final : public QAbstractTableModel {
  public:
   static constexpr int kColumns = 8;
-  using Row = std::array<QString, kColumns>;
 
-  using QAbstractTableModel::QAbstractTableModel;
+  /// `settings` are those of the run; they give the texts their form and accuracy.
+  explicit OutputRows(const run::RunSettings& settings) : settings_(settings) {}
 
   void clear();
-  void add(Row row);
+  /// Adds a row without telling the views yet.
+  void add(const run::PointRecord& point);
+  /// Tells the views about the rows added since the last call.
+  void showAdded();
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -25,7 +33,11 @@ class OutputRows final : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
  private:
-  std::vector<Row> rows_;
+  const run::RunSettings& settings_;
+  /// What is shown of each point; the other fields are empty. Those beyond `added_` keep their memory for later rows.
+  std::vector<run::PointRecord> rows_;
+  std::size_t added_ = 0;
+  std::size_t shown_ = 0;
 };
 
 /// The selected cells as one text: cells of a row joined by ",", rows separated by a carriage return alone. Nothing is

@@ -15,7 +15,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "run/conversion_run.h"
+#include "run/run_messages.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 
@@ -31,7 +31,7 @@ constexpr qreal kMargin = 12.7;  // millimetres
 /// A preview keeps every sheet it shows in memory.
 constexpr int kMostPreviewed = 200;
 
-/// "Courier New", or what the platform has instead, its letters as wide as they are drawn at any size.
+/// "Courier New", or what the platform has instead, with letters as wide as they are drawn at any size.
 QFont fixedFont() {
   const QString family = "Courier New";
   QFont font = QFontDatabase::hasFamily(family) ? QFont(family) : QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -56,7 +56,7 @@ QFont fittingFont(QPrinter& printer, const QRectF& paper, const report::SheetSiz
 }
 
 void paintLine(QPainter& painter, const QRectF& paper, qreal baseline, const QString& line) {
-  // Characters that are wider than the others, as those of some scripts are, are brought closer together.
+  // Characters wider than the others, as in some scripts, are squeezed together.
   const qreal width = QFontMetricsF(painter.font(), painter.device()).horizontalAdvance(line);
   const qreal squeeze = width > paper.width() ? paper.width() / width : 1;
   painter.save();
@@ -80,7 +80,7 @@ void preparePrinter(QPrinter& printer, const report::ReportSheets& sheets) {
   printer.setPageMargins(QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Millimeter);
 }
 
-/// False, once the person knows why, for a report that there is nothing to print of.
+/// False for a report with nothing to print, after telling the person why.
 bool openSheets(QWidget* parent, report::ReportSheets& sheets) {
   if (!sheets.open()) {
     showMessage(parent, run::systemMessage(sheets.error()));
@@ -93,7 +93,7 @@ bool openSheets(QWidget* parent, report::ReportSheets& sheets) {
   return false;
 }
 
-/// The library does not tell of a file that could not be written to its end.
+/// The library does not report a file that could not be written completely.
 bool wroteWholeFile(const QPrinter& printer) {
   const QString name = printer.outputFileName();
   const QFileInfo device(name);

@@ -10,15 +10,15 @@
 
 namespace tovak::ui {
 
-/// Paints the sheets, which are open, in "Courier New" or else the platform's fixed font, as large as lets the widest
-/// line and the tallest sheet stay on the paper. Told of each sheet's number (from 1) beforehand, `wanted` says whether
-/// it is painted. False: the printer failed, or the report (then its `error()` says how).
+/// Paints the sheets, which are open, in "Courier New" or else in the platform's fixed font, as large as possible with
+/// the widest line and the tallest sheet still on the paper. `wanted` is called with each sheet's number (from 1)
+/// beforehand and says whether to paint it. False: the printer failed, or the report (then its `error()` says how).
 bool paintSheets(QPrinter& printer, report::ReportSheets& sheets, const std::function<bool(int number)>& wanted);
 
-/// Asks where to print, and prints. Cancelled, nothing happens; what fails is told.
+/// Asks where to print, and prints. Does nothing when cancelled; failures are shown to the person.
 void printReport(QWidget* parent, report::ReportSheets& sheets);
 
-/// Shows how the sheets would be printed. The preview has a button that prints them.
+/// Shows how the sheets would be printed. The preview has a button to print them.
 void previewReport(QWidget* parent, report::ReportSheets& sheets);
 
 }  // namespace tovak::ui

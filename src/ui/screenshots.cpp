@@ -1,6 +1,7 @@
 // Shows each window of the program and keeps a picture of it: tovak_screenshots HELP_FILE FOLDER [--dark]
 // docs/screenshots builds and runs it.
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
@@ -9,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyleFactory>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
@@ -19,6 +21,8 @@
 #include "formats/format_tables.h"
 #include "run/engine_loader.h"
 #include "run/format_index.h"
+#include "run/module_loader.h"
+#include "run/usual_areas.h"
 #include "ui/help_window.h"
 #include "ui/system_list.h"
 #include "ui/tovak.h"
@@ -77,15 +81,34 @@ std::unique_ptr<tovak::ui::frmTovak> makeMain(const tovak::run::RunSettings& set
   start.settings = settings;
   start.engine = engine();
   start.formatTables = tovak::formats::formatTables();
-  start.delimitedFormats = {tovak::formats::standardFormat()};
+  static const auto areas = tovak::run::readUsualAreas(tovak::run::dataFile("areas.txt"));
+  if (areas) start.formatTables.areas = &*areas;
+  start.delimitedFormats = {tovak::formats::delimited::standardFormat()};
   start.version = "1.0.0";
   return std::make_unique<tovak::ui::frmTovak>(start);
 }
 
-/// A format of the user's own, in the form for the side that the purpose is for.
-std::unique_ptr<QWidget> makeEditor(tovak::formats::EditorPurpose purpose) {
-  static tovak::formats::DefinedFormats formats = {
-      .table = {tovak::formats::standardFormat(),
+/// The points on the plan, with all the room there is for them.
+std::unique_ptr<QWidget> makePlan() {
+  std::unique_ptr<tovak::ui::frmTovak> window = makeMain(exampleSettings());
+  window->findChild<QTabWidget*>("previewTabs")->setCurrentIndex(1);
+  window->findChild<QCheckBox*>("chkShowOptions")->setChecked(false);
+  return window;
+}
+
+/// The sample's angles read in the wrong form.
+std::unique_ptr<QWidget> makeSuggestions() {
+  tovak::run::RunSettings settings = exampleSettings();
+  settings.latLongForm = tovak::text::AngleForm::DegreesMinutesSeconds;
+  std::unique_ptr<tovak::ui::frmTovak> window = makeMain(settings);
+  window->findChild<QCheckBox*>("chkTargetText")->setChecked(true);
+  return window;
+}
+
+/// A format of the user's own, in the form for the side that the purpose names.
+std::unique_ptr<QWidget> makeEditor(tovak::formats::delimited::EditorPurpose purpose) {
+  static tovak::formats::delimited::DefinedFormats formats = {
+      .table = {tovak::formats::delimited::standardFormat(),
                 {.name = "Control points",
                  .fieldCodes = " 0~ 1~ 2~ 3~ 4~",
                  .headerLine = "Y Coordinate,X Coordinate,Point Name,Point Number,Elevation,",
@@ -96,7 +119,7 @@ std::unique_ptr<QWidget> makeEditor(tovak::formats::EditorPurpose purpose) {
   return std::make_unique<tovak::ui::frmTovakComDel>(formats, purpose, exampleSettings(), "Tovak.cdf");
 }
 
-/// The main window on a county of the geodetic database; the question after its map sheets is answered with yes.
+/// The main window on a county of the geodetic database; the question about its map sheets is answered with yes.
 std::unique_ptr<QWidget> makeDatabase() {
   tovak::run::RunSettings settings = exampleSettings();
   settings.sourceFormat = tovak::run::source::GeodeticCsv;
@@ -114,14 +137,18 @@ std::unique_ptr<QWidget> makeDatabase() {
 }
 
 std::unique_ptr<QWidget> makeOutput() {
-  auto grid = std::make_unique<tovak::ui::frmTovakOutput>();
+  auto grid = std::make_unique<tovak::ui::frmTovakOutput>(exampleSettings());
   grid->setDescriptions("Latitude and Longitude, NAD83 : NAD83", "State plane South, NAD83 : NAD83");
   grid->startGrid();
-  double latitude = 48.946947603, longitude = -95.790044250, height = 912.482, northing = 0, easting = 0;
-  std::string result;
-  engine()->TovakVert(latitude, longitude, height, "0", northing, easting, height, "4", result);
-  grid->addRow("101", "Alder Bridge", {"48 56 49.01137", "-95 47 24.15930", "2503013.737", "2193223.445", "912.482"},
-               result);
+  tovak::run::PointRecord point;
+  point.pointNumber = "101";
+  point.description = "Alder Bridge";
+  point.InNorthLat = 48.946947603;
+  point.InEastLon = -95.790044250;
+  point.Elevation = 912.482;
+  engine()->TovakVert(point.InNorthLat, point.InEastLon, point.Elevation, "0", point.OutNorthLat, point.OutEastLon,
+                      point.Elevation, "4", point.OutInfo);
+  grid->addRow(point);
   return grid;
 }
 
@@ -130,9 +157,12 @@ std::unique_ptr<QWidget> makeOptions() {
   return std::make_unique<Dialog>(exampleSettings(), nullptr);
 }
 
-// One line a window. A form is made, filled with an example and given back; showing and keeping it is done below.
+// One line for each window. A form is made, filled with an example and returned; the code below shows it and saves the
+// picture.
 constexpr Picture kPictures[] = {
     {"main", [](const QString&) -> std::unique_ptr<QWidget> { return makeMain(exampleSettings()); }},
+    {"main_plan", [](const QString&) { return makePlan(); }},
+    {"main_suggestions", [](const QString&) { return makeSuggestions(); }},
     {"main_database", [](const QString&) { return makeDatabase(); }},
     {"systems",
      [](const QString&) -> std::unique_ptr<QWidget> {
@@ -144,7 +174,8 @@ constexpr Picture kPictures[] = {
            tovak::ui::entryLabels(exampleSettings(), "Latitude and Longitude, NAD83"));
      }},
     {"output", [](const QString&) { return makeOutput(); }},
-    {"delimited_formats", [](const QString&) { return makeEditor(tovak::formats::EditorPurpose::InputFile); }},
+    {"delimited_formats",
+     [](const QString&) { return makeEditor(tovak::formats::delimited::EditorPurpose::InputFile); }},
     {"numbering", [](const QString&) { return makeOptions<tovak::ui::frmTovakDefPtNo>(); }},
     {"project",
      [](const QString&) -> std::unique_ptr<QWidget> {

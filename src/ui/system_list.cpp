@@ -11,7 +11,8 @@
 #include <QVBoxLayout>
 
 #include "run/projection_code.h"
-#include "ui/window_person.h"
+#include "run/system_data.h"
+#include "ui/qt_text.h"
 
 namespace tovak::ui {
 namespace {
@@ -60,7 +61,7 @@ frmTovakSystems::frmTovakSystems(run::ConversionEngine& engine, std::int16_t cho
   QPushButton* const cancel = buttons->button(QDialogButtonBox::Cancel);
   cancel->setText(tr("C&ancel"));
   cancel->setToolTip(tr("Keep the projection as it is"));
-  // As in the other dialogs, whose buttons bear no icons.
+  // As in the other dialogs, whose buttons have no icons.
   for (QPushButton* const button : {cmdChoose_, cancel}) button->setIcon({});
   auto* const column = new QVBoxLayout(this);
   column->addWidget(txtSearch_);
@@ -80,7 +81,7 @@ frmTovakSystems::frmTovakSystems(run::ConversionEngine& engine, std::int16_t cho
 void frmTovakSystems::fill(run::ConversionEngine& engine, std::int16_t chosen) {
   cmdChoose_->setEnabled(false);
   for (std::int16_t code = 0; code <= run::kLastProjectionCode; ++code) {
-    const QString name = systemName(engine, code);
+    const QString name = toQString(run::systemName(engine, code));
     if (name.isEmpty()) continue;
     auto* const item = new QTreeWidgetItem(lstSystems_, {QString::number(code), name, datumColumn(code, name)});
     item->setData(kNumber, Qt::UserRole, code);
@@ -111,7 +112,7 @@ void frmTovakSystems::search(const QString& text) {
   cmdChoose_->setEnabled(first != nullptr);
 }
 
-/// The arrow keys move through the list while the text is typed.
+/// The arrow keys move through the list while the person is typing.
 bool frmTovakSystems::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();

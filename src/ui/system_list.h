@@ -13,10 +13,10 @@ class QTreeWidget;
 
 namespace tovak::ui {
 
-/// Number, name and datum of every system, those that bear all words of the search text.
+/// Number, name and datum of every system that matches all words of the search text.
 class frmTovakSystems : public QDialog {
  public:
-  /// `chosen` is the code that is selected at first.
+  /// `chosen` is the code selected at first.
   frmTovakSystems(run::ConversionEngine& engine, std::int16_t chosen, QWidget* parent);
 
   /// The code that was picked; nothing when none is selected.

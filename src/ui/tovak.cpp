@@ -2,14 +2,16 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QScreen>
 #include <QSettings>
 
-#include "app/account_line.h"
-#include "run/format_index.h"
-#include "selection/own_file.h"
+#include "run/account_lines.h"
+#include "run/conversion_run.h"
+#include "run/run_messages.h"
+#include "selection/suggestions.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui/system_list.h"
@@ -27,7 +29,7 @@ using selection::Side;
 constexpr std::array<const char*, 6> kAccuracies = {".001 units", ".01 units", ".1 units",
                                                     "1 unit",     "10 units",  "100 units"};
 
-/// Qt writes the filter's pattern in brackets only, and takes "*" for any name.
+/// Qt writes the filter's pattern only in brackets, and takes "*" to match any name.
 QString askForFile(QWidget* parent, const QString& title, const QString& folder, bool toSave,
                    const QString& suggested = {}) {
   QFileDialog dialog(parent, title, folder, "All Files (*)");
@@ -37,8 +39,8 @@ QString askForFile(QWidget* parent, const QString& title, const QString& folder,
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().front() : QString();
 }
 
-/// Qt's file dialog keeps the folders it was in for its next start. Nothing of a session is stored here: its settings
-/// go where no file can be.
+/// Qt's file dialog remembers its folders for the next start. Tovak stores nothing of a session: the settings go where
+/// no file can be created.
 void storeNoDialogSettings() {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }
@@ -49,7 +51,7 @@ frmTovak::frmTovak(const app::WindowStart& start, QWidget* parent)
     : QMainWindow(parent),
       start_(start),
       engine_(*start.engine),
-      selections_(selection::selectionsFrom(start.settings)),
+      selections_(selection::selectionsFrom(start.settings, start.formatTables)),
       delimitedFormats_({.table = start.delimitedFormats, .saved = start.delimitedFormats}),
       form_(std::make_unique<Ui::frmTovak>()),
       folder_(toQString(start.workingFolder.string())) {
@@ -59,15 +61,16 @@ frmTovak::frmTovak(const app::WindowStart& start, QWidget* parent)
   makeSides();
   fillLists();
   for (const SideWidgets& side : sides_) chooseLayout(side, 0);
-  for (const SideWidgets& side : sides_) connectSide(side);
+  for (SideWidgets& side : sides_) connectSide(side);
   connectDatabase();
   connectOptions();
   connectReport();
   connectMenus();
+  connectPreview();
   setRunning(false);
   refresh();
   form_->lstSourceFormat->setFocus();
-  // On a small screen, or a strongly scaled one, the groups scroll.
+  // On a small or strongly scaled screen, the groups scroll.
   resize(size().boundedTo(screen()->availableSize()));
 }
 
@@ -88,16 +91,21 @@ void frmTovak::fillLists() {
   for (const run::TargetFormat& format : start_.formatTables.targets)
     form_->lstTargetFormat->addItem(toQString(format.name));
   for (const char* const accuracy : kAccuracies) form_->lstAccuracy->addItem(accuracy);
+  for (QComboBox* const list : findChildren<QComboBox*>()) {
+    // Otherwise the wheel would move the focus to the list and change its choice.
+    list->setFocusPolicy(Qt::StrongFocus);
+    list->installEventFilter(this);
+  }
 }
 
-run::SideSettings& frmTovak::settingsOf(Side side) {
+const run::SideSettings& frmTovak::settingsOf(Side side) {
   return side == Side::Source ? selections_.run.source : selections_.run.target;
 }
 
 void frmTovak::chooseSourceFormat(int index) {
-  if (index == run::source::GeodeticCsv) {
-    selections_.run.sourceFormat = run::source::GeodeticCsv;
-    const bool fileChosen = selections_.run.source.fileName.empty() && browse(sides_[0]);
+  if (start_.formatTables.sources[static_cast<std::size_t>(index)].fromDatabase) {
+    selection::beginDatabase(selections_, start_.formatTables);
+    const bool fileChosen = selection::fileName(selections_, Side::Source).empty() && browse(sides_[0]);
     if (!fileChosen) chooseDatabase();
     return;
   }
@@ -118,16 +126,17 @@ void frmTovak::chooseLayout(const SideWidgets& side, int index) {
   const bool isSource = side.side == Side::Source;
   const auto entry = static_cast<std::size_t>(index);
   (isSource ? delimitedFormats_.chosenSource : delimitedFormats_.chosenTarget) = entry;
-  (isSource ? selections_.run.sourceDelimited : selections_.run.targetDelimited) = delimitedFormats_.table[entry];
+  selection::chooseLayout(selections_, side.side, delimitedFormats_.table[entry]);
+  schedulePreview();
 }
 
-void frmTovak::editLayouts(formats::EditorPurpose purpose) {
+void frmTovak::editLayouts(formats::delimited::EditorPurpose purpose) {
   frmTovakComDel(delimitedFormats_, purpose, selections_.run, start_.definitionsFile, this).exec();
   refresh();
 }
 
 void frmTovak::typeProjection(const SideWidgets& side, const QString& text) {
-  QString shown = toQString(selection::typeProjection(selections_, side.side, text.toStdString()));
+  QString shown = toQString(selection::typeProjection(selections_, side.side, text.toStdString(), side.numberSelected));
   const bool metres = settingsOf(side.side).metres;
   followProject();
   if (settingsOf(side.side).metres != metres) shown = toQString(settingsOf(side.side).projectionText);
@@ -138,6 +147,7 @@ void frmTovak::typeProjection(const SideWidgets& side, const QString& text) {
   showSystem(side);
   refreshOptions();
   refreshEnabled();
+  schedulePreview();
 }
 
 void frmTovak::chooseSystem(const SideWidgets& side) {
@@ -156,7 +166,9 @@ bool frmTovak::browse(const SideWidgets& side) {
   if (isSource) {
     takeSourceFile(name);
   } else {
-    selections_.run.target.fileName = name.toStdString();
+    // The dialog has already asked whether an older file may be replaced.
+    ownTargets_.insert(name.toStdString());
+    selection::nameFile(selections_, Side::Target, name.toStdString());
     refresh();
   }
   return true;
@@ -165,7 +177,7 @@ bool frmTovak::browse(const SideWidgets& side) {
 void frmTovak::browseReport() {
   const QString name = askForFile(this, tr("Report File Name"), folder_, true);
   if (name.isEmpty()) return;
-  selections_.run.reportFileName = name.toStdString();
+  selection::nameReport(selections_, name.toStdString());
   refresh();
 }
 
@@ -180,12 +192,16 @@ void frmTovak::openReport(void (*use)(QWidget*, report::ReportSheets&)) {
 }
 
 void frmTovak::takeSourceFile(const QString& name) {
-  selections_.run.source.fileName = name.toStdString();
-  if (selections_.run.sourceFormat == run::source::GeodeticCsv) return chooseDatabase();
+  selection::nameFile(selections_, Side::Source, name.toStdString());
+  if (selection::usesDatabase(selections_, start_.formatTables)) return chooseDatabase();
   statusBar()->clearMessage();
-  if (selection::presetFromFile(selections_, selections_.run.source.fileName)) {
-    statusBar()->showMessage(tr("Projection, units and adjustment were taken from the file's first line."));
-  }
+  const selection::TakenFile taken = selection::takeSourceFile(selections_, suggestionTools());
+  followSourceLayout();
+  if (selection::usesDatabase(selections_, start_.formatTables)) return chooseDatabase();
+  QStringList told;
+  if (taken.format) told += tr("The format was taken from the file's content.");
+  if (taken.system) told += tr("Projection, units and adjustment were taken from the file's first line.");
+  statusBar()->showMessage(told.join(' '));
   refresh();
 }
 
@@ -202,30 +218,40 @@ void frmTovak::openHelp() {
 
 void frmTovak::completeStart() {
   for (const run::Message& message : start_.messages) showMessage(this, message);
-  if (selections_.run.sourceFormat == run::source::GeodeticCsv) chooseDatabase();
+  if (selection::usesDatabase(selections_, start_.formatTables)) chooseDatabase();
 }
 
 void frmTovak::execute() {
   if (running_) return;
+  for (const SideWidgets& side : sides_) commitFormat(side);
   statusBar()->clearMessage();
   run::RunSettings settings = selection::runSettings(selections_, start_.formatTables);
   run::RunResult result;
   std::string focus;
   setRunning(true);
+  previewTimer_.stop();
   {
     const WaitCursor wait;
-    WindowPerson person(*this, settings, engine_, [this](std::uint64_t records) { paintProgress(records); });
-    result = start_.convert(settings, engine_, start_.formatTables, person);
+    WindowPerson person(*this, settings, engine_, ownTargets_,
+                        [this](std::uint64_t records) { paintProgress(records); });
+    result = run::convert(settings, engine_, start_.formatTables,
+                          {.person = person, .typedPoints = &person, .screen = &person, .progress = &person});
     focus = person.focus();
   }
-  // What was pressed meanwhile goes to controls that do not answer.
+  // Keys and clicks made meanwhile go to controls that do not respond.
   QApplication::processEvents();
   setRunning(false);
+  if (result.target == run::TargetState::Written) ownTargets_.insert(result.targetName);
   selection::takeBack(selections_, settings);
   refresh();
-  if (!focus.empty()) findChild<QWidget*>(toQString(focus))->setFocus();
+  if (auto* const faulty = focus.empty() ? nullptr : findChild<QWidget*>(toQString(focus))) {
+    form_->preview->bringOut(*faulty);
+    faulty->setFocus();
+  }
   if (recordsRead(result.counts) == 0) return;
-  statusBar()->showMessage(toQString(app::accountLine(result.counts)));
+  QStringList account;
+  for (const std::string& line : accountLines(result)) account += toQString(line);
+  statusBar()->showMessage(account.join(". "));
 }
 
 void frmTovak::paintProgress(std::uint64_t records) {
@@ -237,13 +263,19 @@ void frmTovak::setRunning(bool running) {
   running_ = running;
   for (QWidget* const part : {static_cast<QWidget*>(form_->grpSource), static_cast<QWidget*>(form_->grpTarget),
                               static_cast<QWidget*>(form_->grpOptions), static_cast<QWidget*>(form_->grpReport),
-                              static_cast<QWidget*>(form_->menubar), static_cast<QWidget*>(form_->cmdExecute),
-                              static_cast<QWidget*>(form_->cmdClose)}) {
+                              static_cast<QWidget*>(form_->preview), static_cast<QWidget*>(form_->menubar),
+                              static_cast<QWidget*>(form_->cmdExecute), static_cast<QWidget*>(form_->cmdClose)}) {
     part->setEnabled(!running);
   }
   form_->lblProgress->clear();
   form_->prgRun->setVisible(running);
   form_->lblProgress->setVisible(running);
+}
+
+/// Called when a dialog has closed, whatever it changed.
+bool frmTovak::event(QEvent* event) {
+  if (event->type() == QEvent::WindowUnblocked) schedulePreview();
+  return QMainWindow::event(event);
 }
 
 void frmTovak::closeEvent(QCloseEvent* event) {

@@ -1,16 +1,23 @@
-/// The main window: it shows the selections, hands every action to their rules, and runs the conversion.
+/// The main window: it shows the selections, passes every action to the rules behind them, and runs the conversion.
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "app/window_start.h"
 #include "formats/delimited/format_editor.h"
 #include "report/report_sheets.h"
 #include "selection/selections.h"
+#include "selection/suggestions.h"
 #include "ui/help_window.h"
+#include "ui/plan_model.h"
 #include "ui/tovak_about.h"
 #include "ui/tovak_def_pt_no.h"
 #include "ui/tovak_input.h"
@@ -40,10 +47,11 @@ class frmTovak : public QMainWindow {
 
   const selection::Selections& selections() const { return selections_; }
 
-  /// Shows the messages that the program started with, and opens a geodetic database that it was started on.
+  /// Shows the messages that the program started with, and opens the geodetic database if it was started with one.
   void completeStart();
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
@@ -51,7 +59,7 @@ class frmTovak : public QMainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  /// The widgets that both sides have, and the selections behind them.
+  /// The widgets that source and target both have, and the selections behind them.
   struct SideWidgets {
     selection::Side side;
     QComboBox* format;
@@ -64,15 +72,17 @@ class frmTovak : public QMainWindow {
     QRadioButton* metric;
     QLineEdit* file;
     QPushButton* browse;
+    bool numberSelected = false;  ///< in the projection box: what is typed next replaces a number
   };
 
   void makeSides();
   void fillLists();
-  void connectSide(const SideWidgets& side);
+  void connectSide(SideWidgets& side);
   void connectDatabase();
   void connectOptions();
   void connectReport();
   void connectMenus();
+  void connectPreview();
 
   void refresh();
   void refreshSide(const SideWidgets& side);
@@ -82,13 +92,17 @@ class frmTovak : public QMainWindow {
   void showAllGroups();
   void refreshEnabled();
   void showSystem(const SideWidgets& side);
+  QString projectionProblem(std::int16_t code, const QString& name);
   void followProject();
 
+  void chooseFormat(const SideWidgets& side, int index);
+  bool keepFormatList(const SideWidgets& side, QEvent* event);
+  void commitFormat(const SideWidgets& side);
   void chooseSourceFormat(int index);
   void chooseDatabase();
   void chooseTargetFormat(int index);
   void chooseLayout(const SideWidgets& side, int index);
-  void editLayouts(formats::EditorPurpose purpose);
+  void editLayouts(formats::delimited::EditorPurpose purpose);
   void typeProjection(const SideWidgets& side, const QString& text);
   void chooseSystem(const SideWidgets& side);
   bool browse(const SideWidgets& side);
@@ -103,20 +117,32 @@ class frmTovak : public QMainWindow {
   void openProject();
   void openHelp();
 
+  void schedulePreview();
+  void showPreview();
+  selection::SuggestionTools suggestionTools();
+  const std::vector<PlanArea>& shownAreas(std::int16_t source, std::int16_t target);
+  QString withoutPreview() const;
+  void takeSuggestion(const selection::Suggestion& suggestion);
+  void followSourceLayout();
+
   void execute();
   void paintProgress(std::uint64_t records);
   void setRunning(bool running);
-  run::SideSettings& settingsOf(selection::Side side);
+  const run::SideSettings& settingsOf(selection::Side side);
 
   const app::WindowStart& start_;
   run::ConversionEngine& engine_;
   selection::Selections selections_;
-  formats::DefinedFormats delimitedFormats_;
+  formats::delimited::DefinedFormats delimitedFormats_;
   std::unique_ptr<Ui::frmTovak> form_;
   std::array<SideWidgets, 2> sides_;
   QString folder_;  ///< where file dialogs open
   std::unique_ptr<HelpWindow> help_;
+  std::set<std::string> ownTargets_;  ///< written by this window, or the person agreed to replace them
   bool running_ = false;
+  QTimer previewTimer_;
+  std::vector<PlanArea> shownAreas_;  ///< in the plan, with these codes as source and target
+  std::pair<std::int16_t, std::int16_t> shownCodes_;
 };
 
 }  // namespace tovak::ui

@@ -10,8 +10,8 @@
 #include <utility>
 
 #include "formats/delimited/field_codes.h"
-#include "run/conversion_run.h"
 #include "run/projection_code.h"
+#include "run/run_messages.h"
 #include "text/strings.h"
 #include "ui/format_preview_table.h"
 #include "ui/message_box.h"
@@ -21,15 +21,15 @@
 namespace tovak::ui {
 namespace {
 
-using formats::EditorPurpose;
-using formats::FormatEditor;
+using formats::delimited::EditorPurpose;
+using formats::delimited::FormatEditor;
 
-/// The list of fields and the delimiter: a byte is a character.
+/// The list of fields and the delimiter: each byte is a character.
 QString fromBytes(const std::string& text) {
   return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// A text that is shown anew is seen from its beginning.
+/// A new text is shown from its beginning.
 void setTextOf(QLineEdit& box, const QString& text) {
   if (box.text() != text) box.setText(text);
   if (!box.hasFocus()) box.setCursorPosition(0);
@@ -41,11 +41,11 @@ bool isKey(const QEvent& event, std::initializer_list<int> keys) {
   return std::find(keys.begin(), keys.end(), pressed) != keys.end();
 }
 
-/// A file that could not be read holds formats that a person may still want to mend by hand.
+/// A file that could not be read may hold formats that the person still wants to repair by hand.
 bool mayReplace(QWidget* window, const std::string& path) {
   std::error_code unknown;
   if (!std::filesystem::exists(path, unknown)) return true;
-  const std::string fault = formats::loadDefinitions(path).error;
+  const std::string fault = formats::delimited::loadDefinitions(path).error;
   if (fault.empty()) return true;
   return askQuestion(window, {.text = fault + "\nDo you want to replace this file by the formats of the list?",
                               .title = "Definitions File",
@@ -54,8 +54,8 @@ bool mayReplace(QWidget* window, const std::string& path) {
 
 }  // namespace
 
-frmTovakComDel::frmTovakComDel(formats::DefinedFormats& formats, EditorPurpose purpose, run::RunSettings& settings,
-                               std::string definitionsFile, QWidget* parent)
+frmTovakComDel::frmTovakComDel(formats::delimited::DefinedFormats& formats, EditorPurpose purpose,
+                               run::RunSettings& settings, std::string definitionsFile, QWidget* parent)
     : QDialog(parent),
       ui_(std::make_unique<Ui::frmTovakComDel>()),
       editor_(formats, purpose),
@@ -63,12 +63,13 @@ frmTovakComDel::frmTovakComDel(formats::DefinedFormats& formats, EditorPurpose p
       settings_(settings),
       definitionsFile_(std::move(definitionsFile)) {
   ui_->setupUi(this);
-  setWindowTitle(toQString(formats::editorTitle(purpose)));
+  setWindowTitle(toQString(formats::delimited::editorTitle(purpose)));
   resize(size().boundedTo(screen()->availableSize()));
   if (purpose == EditorPurpose::InputFile) {
-    sourceStart_ = formats::readSourceStart(std::string(text::trimBlanks(settings.source.fileName)));
+    sourceStart_ = formats::delimited::readSourceStart(std::string(text::trimBlanks(settings.source.fileName)));
   }
-  for (const formats::FieldKind& kind : formats::kFieldKinds) ui_->AddFmt->addItem(toQString(kind.editorName));
+  for (const formats::delimited::FieldKind& kind : formats::delimited::kFieldKinds)
+    ui_->AddFmt->addItem(toQString(kind.editorName));
   ui_->AddFmt->setCurrentRow(0);
   connectList();
   connectFields();
@@ -81,7 +82,7 @@ frmTovakComDel::~frmTovakComDel() = default;
 
 void frmTovakComDel::connectList() {
   QComboBox& names = *ui_->FmtNames;
-  // The box would jump to another entry of the name that was typed, and complete what is typed to one.
+  // Otherwise the box would jump to another entry with the typed name, and complete what is typed to match one.
   names.setCompleter(nullptr);
   disconnect(names.lineEdit(), &QLineEdit::editingFinished, &names, nullptr);
   connect(names.lineEdit(), &QLineEdit::textEdited, this,
@@ -201,7 +202,7 @@ void frmTovakComDel::choose() {
   accept();
 }
 
-/// What is typed and not taken when the dialog closes is dropped without a word.
+/// Anything typed but not yet taken when the dialog closes is dropped silently.
 void frmTovakComDel::done(int result) {
   closing_ = true;
   QDialog::done(result);
@@ -258,7 +259,7 @@ void frmTovakComDel::refreshFields() {
   setTextOf(*ui_->Delim, fromBytes(editor_.delimiterText()));
   ui_->lstLLFormat->setCurrentIndex(format.latLongFormat < ui_->lstLLFormat->count() ? format.latLongFormat : 0);
   setTextOf(*ui_->HdrList, toQString(format.headerLine));
-  // A header that is not open to typing is still to be read.
+  // A header that cannot be edited must still be readable.
   QPalette readable = palette();
   readable.setColor(QPalette::Disabled, QPalette::Text, palette().color(QPalette::PlaceholderText));
   ui_->HdrList->setPalette(readable);
@@ -266,7 +267,7 @@ void frmTovakComDel::refreshFields() {
   ui_->chkShowHead->setChecked(format.includeHeader);
 }
 
-/// Marks the field that holds the cursor; behind the last one there is none, and a field is added there.
+/// Marks the field that contains the cursor; after the last field there is none, and a new one is added there.
 void frmTovakComDel::markField() {
   QPlainTextEdit& list = *ui_->FmtList;
   const FormatEditor::Place place = editor_.fieldAtCursor();
@@ -284,15 +285,17 @@ void frmTovakComDel::markField() {
 }
 
 void frmTovakComDel::refreshPreview() {
-  const formats::SampleSystems systems =
-      purpose_ == EditorPurpose::Utility ? formats::SampleSystems::Both : formats::SampleSystems::OfTarget;
-  const formats::FormatPreview preview =
+  const formats::delimited::SampleSystems systems = purpose_ == EditorPurpose::Utility
+                                                        ? formats::delimited::SampleSystems::Both
+                                                        : formats::delimited::SampleSystems::OfTarget;
+  const formats::delimited::FormatPreview preview =
       purpose_ == EditorPurpose::InputFile
-          ? formats::previewSource(editor_.format(), sourceStart_, run::isLatLong(settings_.SourceProjectionCode))
-          : formats::previewTarget(editor_.format(), settings_, systems);
+          ? formats::delimited::previewSource(editor_.format(), sourceStart_,
+                                              run::isLatLong(settings_.SourceProjectionCode))
+          : formats::delimited::previewTarget(editor_.format(), settings_, systems);
   showPreview(*ui_->tblPreview, preview);
   ui_->lblPreview->setText(toQString(preview.note));
-  ui_->lblPreview->setToolTip(toQString(preview.note));
+  ui_->lblPreview->setToolTip(plainTip(toQString(preview.note)));
 }
 
 }  // namespace tovak::ui

@@ -16,16 +16,16 @@ class frmTovakComDel;
 
 namespace tovak::ui {
 
-/// Accepted: the settings have the shown format for the side that the dialog was opened for. Changes to the formats
-/// stay either way.
+/// Accepted: the settings have the shown format for the side that the dialog was opened for. Changes to the formats are
+/// kept in either case.
 class frmTovakComDel final : public QDialog {
   Q_OBJECT
   Q_DISABLE_COPY_MOVE(frmTovakComDel)
 
  public:
   /// `definitionsFile` is where formats are saved; empty when there is no data folder.
-  frmTovakComDel(formats::DefinedFormats& formats, formats::EditorPurpose purpose, run::RunSettings& settings,
-                 std::string definitionsFile, QWidget* parent = nullptr);
+  frmTovakComDel(formats::delimited::DefinedFormats& formats, formats::delimited::EditorPurpose purpose,
+                 run::RunSettings& settings, std::string definitionsFile, QWidget* parent = nullptr);
   ~frmTovakComDel() override;
 
   void done(int result) override;
@@ -35,19 +35,19 @@ class frmTovakComDel final : public QDialog {
   void changeEvent(QEvent* event) override;
 
  private:
-  using Refusal = formats::FormatEditor::Refusal;
+  using Refusal = formats::delimited::FormatEditor::Refusal;
 
   void connectList();
   void connectFields();
   void connectRest();
-  /// Carries out a change and shows what came of it.
+  /// Carries out a change and shows the result.
   void act(const std::function<Refusal()>& change);
-  void connectChange(const char* button, Refusal (formats::FormatEditor::*change)());
-  /// Hands over what was typed and not taken yet; false when it was refused.
+  void connectChange(const char* button, Refusal (formats::delimited::FormatEditor::*change)());
+  /// Applies what was typed but not yet taken; false when it was refused.
   bool takeTyped();
   void showEntry(int index);
   void addField(int code);
-  void moveCursor(void (formats::FormatEditor::*step)());
+  void moveCursor(void (formats::delimited::FormatEditor::*step)());
   void openHeader();
   void save();
   void choose();
@@ -59,11 +59,11 @@ class frmTovakComDel final : public QDialog {
   void markField();
 
   std::unique_ptr<Ui::frmTovakComDel> ui_;
-  formats::FormatEditor editor_;
-  const formats::EditorPurpose purpose_;
+  formats::delimited::FormatEditor editor_;
+  const formats::delimited::EditorPurpose purpose_;
   run::RunSettings& settings_;
   const std::string definitionsFile_;
-  formats::SourceStart sourceStart_;
+  formats::delimited::SourceStart sourceStart_;
   std::optional<std::string> typedName_;
   std::optional<std::string> typedDelimiter_;
   bool headerOpen_ = false;  ///< the header of the shown entry may be typed into

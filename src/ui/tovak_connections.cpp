@@ -1,12 +1,14 @@
-// Which action of the main window's controls and menus leads where.
+// What each control and menu entry of the main window does.
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
+#include <algorithm>
 #include <utility>
 
+#include "ui/qt_text.h"
 #include "ui/report_printing.h"
 #include "ui/tovak.h"
 #include "ui/tovak_delorme.h"
@@ -24,13 +26,18 @@ void frmTovak::openOptions() {
   refresh();
 }
 
-void frmTovak::connectSide(const SideWidgets& side) {
+void frmTovak::connectSide(SideWidgets& side) {
   const bool isSource = side.side == Side::Source;
-  connect(side.format, &QComboBox::activated, this,
-          isSource ? &frmTovak::chooseSourceFormat : &frmTovak::chooseTargetFormat);
+  connect(side.format, &QComboBox::activated, this, [this, &side](int index) { chooseFormat(side, index); });
   connect(side.layout, &QComboBox::activated, this, [this, &side](int index) { chooseLayout(side, index); });
   connect(side.editLayout, &QPushButton::clicked, this, [this, isSource] {
-    editLayouts(isSource ? formats::EditorPurpose::InputFile : formats::EditorPurpose::OutputFile);
+    editLayouts(isSource ? formats::delimited::EditorPurpose::InputFile
+                         : formats::delimited::EditorPurpose::OutputFile);
+  });
+  // The box reports its new text before it reports that nothing is selected any more.
+  connect(side.projection, &QLineEdit::selectionChanged, this, [&side] {
+    const QString selected = side.projection->selectedText();
+    side.numberSelected = std::any_of(selected.begin(), selected.end(), [](QChar c) { return c.isDigit(); });
   });
   connect(side.projection, &QLineEdit::textEdited, this,
           [this, &side](const QString& text) { typeProjection(side, text); });
@@ -42,8 +49,10 @@ void frmTovak::connectSide(const SideWidgets& side) {
       refresh();
     });
   }
-  connect(side.file, &QLineEdit::textEdited, this,
-          [this, &side](const QString& text) { settingsOf(side.side).fileName = text.toStdString(); });
+  connect(side.file, &QLineEdit::textEdited, this, [this, &side](const QString& text) {
+    selection::nameFile(selections_, side.side, text.toStdString());
+    schedulePreview();
+  });
   connect(side.browse, &QPushButton::clicked, this, [this, &side] { browse(side); });
   side.file->installEventFilter(this);
 }
@@ -72,15 +81,22 @@ void frmTovak::connectOptions() {
       refresh();
     });
   }
-  connect(f.lstAccuracy, &QComboBox::activated, this, [this](int index) { selections_.run.accuracy = index; });
-  connect(f.btnNavd88, &QRadioButton::clicked, this,
-          [this] { selections_.run.verticalDatum = run::VerticalDatum::Navd88; });
-  connect(f.btnNgvd29, &QRadioButton::clicked, this,
-          [this] { selections_.run.verticalDatum = run::VerticalDatum::Ngvd29; });
+  connect(f.lstAccuracy, &QComboBox::activated, this, [this](int index) {
+    selection::chooseAccuracy(selections_, static_cast<text::Accuracy>(index));
+    schedulePreview();
+  });
+  connect(f.btnNavd88, &QRadioButton::clicked, this, [this] {
+    selection::chooseVerticalDatum(selections_, run::VerticalDatum::Navd88);
+    schedulePreview();
+  });
+  connect(f.btnNgvd29, &QRadioButton::clicked, this, [this] {
+    selection::chooseVerticalDatum(selections_, run::VerticalDatum::Ngvd29);
+    schedulePreview();
+  });
   connect(f.cmdNumbering, &QPushButton::clicked, this, &frmTovak::openOptions<frmTovakDefPtNo>);
   connect(f.cmdProject, &QPushButton::clicked, this, &frmTovak::openProject);
   connect(f.chkAllowBlank, &QCheckBox::clicked, this, [this](bool allowed) {
-    selections_.run.allowBlankPointNumbers = allowed;
+    selection::allowBlankNumbers(selections_, allowed);
     refresh();
   });
 }
@@ -88,25 +104,28 @@ void frmTovak::connectOptions() {
 void frmTovak::connectReport() {
   const Ui::frmTovak& f = *form_;
   connect(f.ChkSuppress, &QCheckBox::clicked, this, [this](bool suppressed) {
-    selections_.run.reportEnabled = !suppressed;
+    selection::suppressReport(selections_, suppressed);
     refresh();
   });
-  connect(f.btnAppend, &QRadioButton::clicked, this, [this] { selections_.run.appendReport = true; });
-  connect(f.btnOverwrite, &QRadioButton::clicked, this, [this] { selections_.run.appendReport = false; });
-  connect(f.chkPrint, &QCheckBox::clicked, this, [this](bool print) { selections_.run.printReport = print; });
-  connect(f.txtPrintFile, &QLineEdit::textEdited, this,
-          [this](const QString& text) { selections_.run.reportFileName = text.toStdString(); });
+  connect(f.btnAppend, &QRadioButton::clicked, this, [this] { selection::appendReport(selections_, true); });
+  connect(f.btnOverwrite, &QRadioButton::clicked, this, [this] { selection::appendReport(selections_, false); });
+  connect(f.chkPrint, &QCheckBox::clicked, this, [this](bool print) { selection::printReport(selections_, print); });
+  connect(f.txtPrintFile, &QLineEdit::textEdited, this, [this](const QString& text) {
+    selection::nameReport(selections_, text.toStdString());
+    schedulePreview();
+  });
   connect(f.cmdReportBrowse, &QPushButton::clicked, this, &frmTovak::browseReport);
   connect(f.txtDescription, &QLineEdit::textEdited, this,
-          [this](const QString& text) { selections_.run.reportDescription = text.toStdString(); });
+          [this](const QString& text) { selection::describeReport(selections_, text.toStdString()); });
 }
 
 void frmTovak::connectMenus() {
   const Ui::frmTovak& f = *form_;
   connect(f.cmdExecute, &QPushButton::clicked, this, &frmTovak::execute);
   connect(f.cmdClose, &QPushButton::clicked, this, &QWidget::close);
-  // A status line that is longer than the window is read in its tip.
-  connect(f.statusbar, &QStatusBar::messageChanged, f.statusbar, &QWidget::setToolTip);
+  // A status line too long for the window can be read in its tool tip.
+  connect(f.statusbar, &QStatusBar::messageChanged, this,
+          [this](const QString& text) { form_->statusbar->setToolTip(plainTip(text)); });
   connect(f.mnuFileOpen, &QAction::triggered, this, [this] { browse(sides_[0]); });
   connect(f.mnuFileSave, &QAction::triggered, this, [this] { browse(sides_[1]); });
   connect(f.mnuFileSourceLayout, &QAction::triggered, f.cmdSourceLayout, &QPushButton::click);
@@ -116,7 +135,8 @@ void frmTovak::connectMenus() {
   connect(f.mnuFilePreview, &QAction::triggered, this, [this] { openReport(previewReport); });
   connect(f.mnuFileExit, &QAction::triggered, this, &QWidget::close);
   connect(f.mnuToolsNumbering, &QAction::triggered, this, &frmTovak::openOptions<frmTovakDefPtNo>);
-  connect(f.mnuToolsLayouts, &QAction::triggered, this, [this] { editLayouts(formats::EditorPurpose::Utility); });
+  connect(f.mnuToolsLayouts, &QAction::triggered, this,
+          [this] { editLayouts(formats::delimited::EditorPurpose::Utility); });
   connect(f.mnuToolsProject, &QAction::triggered, this, &frmTovak::openProject);
   connect(f.mnuToolsWaypoints, &QAction::triggered, this, &frmTovak::openOptions<frmTovakWptTxt>);
   connect(f.mnuToolsMaptech, &QAction::triggered, this, &frmTovak::openOptions<frmTovakMaptech>);

@@ -13,7 +13,7 @@ frmTovakDelorme::frmTovakDelorme(run::RunSettings& settings, QWidget* parent)
   ui_->setupUi(this);
   QComboBox& box = *ui_->cmbSymbol;
   for (const std::string_view symbol : kDelormeSymbols) box.addItem(toQString(symbol));
-  box.setCurrentText(toQString(settings.delormeSymbol));
+  box.setCurrentText(toQString(settings.options.delorme.symbol));
   box.completer()->setCompletionMode(QCompleter::PopupCompletion);
   connect(&box, &QComboBox::editTextChanged, this,
           [this](const QString& text) { ui_->cmdContinue->setEnabled(!text.trimmed().isEmpty()); });
@@ -24,7 +24,7 @@ frmTovakDelorme::frmTovakDelorme(run::RunSettings& settings, QWidget* parent)
 frmTovakDelorme::~frmTovakDelorme() = default;
 
 void frmTovakDelorme::store() {
-  settings_.delormeSymbol = ui_->cmbSymbol->currentText().trimmed().toStdString();
+  settings_.options.delorme.symbol = ui_->cmbSymbol->currentText().trimmed().toStdString();
   accept();
 }
 

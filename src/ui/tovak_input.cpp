@@ -32,12 +32,13 @@ EntryLabels entryLabels(const run::RunSettings& settings, const QString& systemN
   return {.latLong = run::isLatLong(code),
           .hint = toQString(run::entryHint(settings)),
           .heightUnit = toQString(run::unitLabels(code, settings.source.metres).coordinateLabel),
-          .source = systemName + " : " + toQString(run::datumLabel(code, settings.adjustment))};
+          .source = systemName + " : " + toQString(run::datumLabel(settings, code))};
 }
 
 frmTovakInput::frmTovakInput(const EntryLabels& labels, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakInput>()) {
   ui_->setupUi(this);
+  latLong_ = labels.latLong;
   setLabels(labels);
   connect(ui_->txtLatNorthY, &QLineEdit::textChanged, this, &frmTovakInput::splitPair);
   connect(ui_->cmdConvert, &QPushButton::clicked, this, &frmTovakInput::convert);
@@ -55,10 +56,12 @@ void frmTovakInput::setLabels(const EntryLabels& labels) {
 }
 
 run::TypedTexts frmTovakInput::texts() const {
+  // Blanks separate degrees, minutes and seconds; in a northing or easting they mean nothing.
+  const auto coordinate = latLong_ ? trimmed : withoutBlanks;
   return {.number = trimmed(*ui_->txtPointNumber),
           .name = trimmed(*ui_->txtPointName),
-          .northing = withoutBlanks(*ui_->txtLatNorthY),
-          .easting = withoutBlanks(*ui_->txtLongEastX),
+          .northing = coordinate(*ui_->txtLatNorthY),
+          .easting = coordinate(*ui_->txtLongEastX),
           .elevation = heightIn(*ui_->txtZC),
           .geoid = heightIn(*ui_->txtHG),
           .ellipsoid = heightIn(*ui_->txtHE)};

@@ -14,7 +14,7 @@ class frmTovakInput;
 
 namespace tovak::ui {
 
-/// What the dialog says of the coordinates it asks for.
+/// What the dialog says about the coordinates it asks for.
 struct EntryLabels {
   bool latLong = false;  ///< latitude and longitude, else northing and easting
   QString hint = {};     ///< the form of the coordinates
@@ -25,8 +25,8 @@ struct EntryLabels {
 /// The labels of a run's source, whose system the engine calls `systemName`.
 EntryLabels entryLabels(const run::RunSettings& settings, const QString& systemName);
 
-/// Accepted: `texts` holds a point with both coordinates. Rejected: the person is done. The texts stay when the dialog
-/// is shown again, so that a refused point can be mended.
+/// Accepted: `texts` holds a point with both coordinates. Rejected: the person has finished. The texts are kept when
+/// the dialog is shown again, so that a refused point can be corrected.
 class frmTovakInput final : public QDialog {
   Q_OBJECT
   Q_DISABLE_COPY_MOVE(frmTovakInput)
@@ -45,6 +45,7 @@ class frmTovakInput final : public QDialog {
   void splitPair(const QString& text);
   void convert();
 
+  bool latLong_ = false;
   std::unique_ptr<Ui::frmTovakInput> ui_;
 };
 

@@ -25,7 +25,7 @@ std::optional<uint> colorValue(const QString& number) {
   return isNumber ? std::optional(value) : std::nullopt;
 }
 
-/// A patch of the color, whose number holds blue, green and red from its highest byte.
+/// A swatch of the color, whose number holds blue, green and red from its highest byte.
 QPixmap swatch(std::string_view number) {
   const uint color = colorValue(toQString(number)).value_or(0);
   QPixmap patch(kSwatchSize, kSwatchSize);
@@ -47,7 +47,7 @@ frmTovakMaptech::frmTovakMaptech(run::RunSettings& settings, QWidget* parent)
   for (const std::string_view symbol : kMaptechSymbols) ui_->cmbSymbol->addItem(toQString(symbol));
   allow(*ui_->txtColor, "[0-9A-Fa-f]{1,6}");
   allow(*ui_->txtSymbol, "[0-9]{1,9}");
-  // A typed number moves its list along, but only a choice made in the list writes a number.
+  // A typed number selects its list entry, but only a choice made in the list writes a number.
   connect(ui_->txtColor, &QLineEdit::textChanged, this, &frmTovakMaptech::showColor);
   connect(ui_->txtSymbol, &QLineEdit::textChanged, this, &frmTovakMaptech::showSymbol);
   connect(ui_->cmbColor, &QComboBox::activated, this, [this](int index) {
@@ -55,8 +55,8 @@ frmTovakMaptech::frmTovakMaptech(run::RunSettings& settings, QWidget* parent)
   });
   connect(ui_->cmbSymbol, &QComboBox::activated, this,
           [this](int index) { ui_->txtSymbol->setText(QString::number(index)); });
-  ui_->txtColor->setText(toQString(settings.maptechColor));
-  ui_->txtSymbol->setText(QString::number(settings.maptechSymbol));
+  ui_->txtColor->setText(toQString(settings.options.maptech.color));
+  ui_->txtSymbol->setText(QString::number(settings.options.maptech.symbol));
   connect(ui_->cmdContinue, &QPushButton::clicked, this, &frmTovakMaptech::store);
   connect(ui_->cmdReturn, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -83,8 +83,8 @@ void frmTovakMaptech::checkNumbers() {
 }
 
 void frmTovakMaptech::store() {
-  settings_.maptechColor = ui_->txtColor->text().toStdString();
-  settings_.maptechSymbol = ui_->txtSymbol->text().toInt();
+  settings_.options.maptech.color = ui_->txtColor->text().toStdString();
+  settings_.options.maptech.symbol = ui_->txtSymbol->text().toInt();
   accept();
 }
 

@@ -6,13 +6,12 @@
 #include <QScreen>
 #include <algorithm>
 
-#include "ui/qt_text.h"
 #include "ui_tovak_output.h"
 
 namespace tovak::ui {
 namespace {
 
-/// Room beside the texts of a column, so that neighbours stay apart.
+/// Space beside the texts of a column, to keep neighbours apart.
 constexpr int kColumnGap = 10;
 
 constexpr int kRowGap = 6;
@@ -20,8 +19,8 @@ constexpr int kLastColumn = OutputRows::kColumns - 1;
 
 }  // namespace
 
-frmTovakOutput::frmTovakOutput(QWidget* parent)
-    : QDialog(parent), ui_(std::make_unique<Ui::frmTovakOutput>()), mnuPopUp_(new QMenu(this)) {
+frmTovakOutput::frmTovakOutput(const run::RunSettings& settings, QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmTovakOutput>()), rows_(settings), mnuPopUp_(new QMenu(this)) {
   ui_->setupUi(this);
   resize(size().boundedTo(screen()->availableSize()));
   QTableView* const grid = ui_->msfgOutput;
@@ -45,21 +44,15 @@ void frmTovakOutput::startGrid() {
   ui_->mnuCopy->setEnabled(false);
 }
 
-void frmTovakOutput::addRow(std::string_view number, std::string_view description, const report::PointTexts& texts,
-                            std::string_view resultText) {
-  rows_.add({toQString(number), toQString(description), toQString(texts.northing), toQString(texts.easting),
-             toQString(texts.targetNorthing), toQString(texts.targetEasting), toQString(texts.elevation),
-             toQString(resultText)});
-}
-
 void frmTovakOutput::setDescriptions(const QString& source, const QString& target) {
   ui_->lblInProj->setText(source);
   ui_->lblOutProj->setText(target);
 }
 
-/// A point typed last is what the person wants to see.
+/// The person wants to see the point typed last.
 void frmTovakOutput::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
+  rows_.showAdded();
   QTableView& grid = *ui_->msfgOutput;
   grid.resizeColumnsToContents();
   for (int column = 0; column < OutputRows::kColumns; ++column) {
@@ -76,7 +69,7 @@ void frmTovakOutput::resizeEvent(QResizeEvent* event) {
   fillWidth();
 }
 
-/// The last column takes what the others leave of the grid, but never less than its texts need.
+/// The last column takes the rest of the grid, but never less than its texts need.
 void frmTovakOutput::fillWidth() {
   QTableView& grid = *ui_->msfgOutput;
   const int left = grid.viewport()->width() - grid.columnViewportPosition(kLastColumn);

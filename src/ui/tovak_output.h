@@ -4,9 +4,9 @@
 #include <QDialog>
 #include <QMenu>
 #include <memory>
-#include <string_view>
 
-#include "report/point_texts.h"
+#include "run/point_record.h"
+#include "run/run_settings.h"
 #include "ui/output_rows.h"
 
 namespace Ui {
@@ -15,20 +15,21 @@ class frmTovakOutput;
 
 namespace tovak::ui {
 
-/// Cells can be selected and copied; closing the dialog hides it with its rows.
+/// Cells can be selected and copied; closing the dialog hides it together with its rows.
 class frmTovakOutput final : public QDialog {
   Q_OBJECT
   Q_DISABLE_COPY_MOVE(frmTovakOutput)
 
  public:
-  explicit frmTovakOutput(QWidget* parent = nullptr);
+  /// `settings` are those of the run that the points come from.
+  explicit frmTovakOutput(const run::RunSettings& settings, QWidget* parent = nullptr);
   ~frmTovakOutput() override;
 
-  /// Empties the grid down to its headings.
+  /// Removes all rows and keeps the headings.
   void startGrid();
-  void addRow(std::string_view number, std::string_view description, const report::PointTexts& texts,
-              std::string_view resultText);
-  /// What stands behind "Source" and "Target": the system's name, " : " and the datum label.
+  /// Adds a row for a converted point; it becomes visible when the dialog is next shown.
+  void addRow(const run::PointRecord& point) { rows_.add(point); }
+  /// The text after "Source" and "Target": the system's name, " : " and the datum label.
   void setDescriptions(const QString& source, const QString& target);
 
  protected:

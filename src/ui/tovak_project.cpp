@@ -3,9 +3,9 @@
 #include <QScreen>
 #include <string>
 
-#include "run/conversion_run.h"
 #include "run/projection_box.h"
 #include "run/projection_code.h"
+#include "run/run_messages.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui_tovak_project.h"
@@ -26,23 +26,23 @@ frmTovakProject::frmTovakProject(run::ConversionEngine& engine, QWidget* parent)
 
 frmTovakProject::~frmTovakProject() = default;
 
-/// The stored project; what is wrong with its file is seen until something is typed.
+/// The stored project; a fault in its file is shown until something is typed.
 void frmTovakProject::load() {
-  const run::UserProjectResult stored = run::readUserProject(run::userProjectFile());
-  if (stored.project) {
-    ui_->txtProjectName->setText(toQString(stored.project->name));
-    ui_->txtDefinition->setPlainText(toQString(stored.project->definition));
-  }
-  (!stored.project || stored.project->metres ? ui_->btnProjectMetric : ui_->btnProjectEnglish)->setChecked(true);
+  const text::Result<std::optional<run::UserProject>> stored = run::readUserProject(run::userProjectFile());
+  const run::UserProject project = stored.value.value_or(std::nullopt).value_or(run::UserProject());
+  ui_->txtProjectName->setText(toQString(project.name));
+  ui_->txtDefinition->setPlainText(toQString(project.definition));
+  (project.metres ? ui_->btnProjectMetric : ui_->btnProjectEnglish)->setChecked(true);
   check();
   if (!stored.error.empty()) ui_->lblWhereabouts->setText(toQString(stored.error));
 }
 
 run::UserProject frmTovakProject::typed() const {
-  // WKT is often laid out in lines; the file has one.
+  // WKT is often spread over several lines; the file has one.
   return {.name = ui_->txtProjectName->text().trimmed().toStdString(),
           .definition = ui_->txtDefinition->toPlainText().simplified().toStdString(),
-          .metres = ui_->btnProjectMetric->isChecked()};
+          .metres = ui_->btnProjectMetric->isChecked(),
+          .datum = datum_};
 }
 
 void frmTovakProject::check() {
@@ -50,13 +50,13 @@ void frmTovakProject::check() {
   std::string told = tr("Type a name and a definition.").toStdString();
   bool usable = false;
   if (!project.definition.empty()) {
-    const std::string text = run::projectionText(run::kUserDefinedProject, project.metres) + ' ' + project.definition;
-    usable = engine_.GetProjectionFromText(text, told) == run::kUserDefinedProject;
+    usable = engine_.GetProjectionFromText(run::definitionRequest(project), told) == run::kUserDefinedProject;
     if (const std::string fault = run::faultOf(project); usable && !fault.empty()) {
       usable = false;
       told += "\n" + tr("Not to be stored yet: ").toStdString() + fault + '.';
     }
   }
+  datum_ = run::toldDatum(told);
   ui_->lblWhereabouts->setText(toQString(told));
   ui_->cmdStore->setEnabled(usable);
 }

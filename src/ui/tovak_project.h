@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <memory>
+#include <string>
 
 #include "run/conversion_engine.h"
 #include "run/user_project.h"
@@ -13,8 +14,8 @@ class frmTovakProject;
 
 namespace tovak::ui {
 
-/// Shows what the engine makes of the definition while it is typed. Accepted: the project is in its file, for the
-/// engine to find; rejected: the file is as before.
+/// Shows what the engine makes of the definition as it is typed. Accepted: the project is in its file, for the engine
+/// to find; rejected: the file is as before.
 class frmTovakProject final : public QDialog {
   Q_OBJECT
   Q_DISABLE_COPY_MOVE(frmTovakProject)
@@ -31,6 +32,7 @@ class frmTovakProject final : public QDialog {
 
   std::unique_ptr<Ui::frmTovakProject> ui_;
   run::ConversionEngine& engine_;
+  std::string datum_;  ///< of the definition, as last reported by the engine
 };
 
 }  // namespace tovak::ui

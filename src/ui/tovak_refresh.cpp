@@ -1,4 +1,4 @@
-// The main window's controls as the selections have them.
+// Brings the main window's controls into line with the selections.
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -7,9 +7,9 @@
 #include <QRadioButton>
 #include <utility>
 
-#include "run/format_index.h"
 #include "run/projection_box.h"
 #include "run/projection_code.h"
+#include "run/system_data.h"
 #include "selection/enabled_controls.h"
 #include "ui/qt_text.h"
 #include "ui/tovak.h"
@@ -20,16 +20,14 @@ namespace tovak::ui {
 
 using selection::Side;
 
-/// The user-defined project has a unit of its own, which is that of every side it is chosen for. An agency batch run
-/// takes no system from the boxes, and its unit is the person's choice.
+/// The user-defined project has a unit of its own, which applies to every side that uses it. An agency batch run
+/// ignores the system boxes, and its unit is the person's choice.
 void frmTovak::followProject() {
   if (selection::isAgencyRun(selections_, start_.formatTables)) return;
   for (const SideWidgets& side : sides_) {
     if (selection::projectionBox(selections_, side.side).code != run::kUserDefinedProject) continue;
-    const std::string project = engine_.GetProjectionData(-run::kUserDefinedProject);
-    const std::size_t separator = project.find('~');
-    if (separator == std::string::npos) continue;
-    selection::chooseUnit(selections_, side.side, run::marksMetres(std::string_view(project).substr(separator)));
+    const run::ProjectData project = run::projectData(engine_);
+    if (project.usable()) selection::chooseUnit(selections_, side.side, run::marksMetres(project.projectionText));
   }
 }
 
@@ -39,6 +37,7 @@ void frmTovak::refresh() {
   refreshOptions();
   refreshDatabase();
   refreshEnabled();
+  schedulePreview();
 }
 
 void frmTovak::refreshSide(const SideWidgets& side) {
@@ -53,29 +52,35 @@ void frmTovak::refreshSide(const SideWidgets& side) {
   showSystem(side);
 }
 
-/// A format stays the side's after its entry was changed or removed, until one is chosen again: then the list shows its
-/// name and no entry.
+/// A side keeps its format after the entry was changed or removed, until another is chosen: meanwhile the list shows
+/// its name and no entry.
 void frmTovak::refreshLayouts(const SideWidgets& side) {
   const bool isSource = side.side == Side::Source;
   const std::size_t chosen = isSource ? delimitedFormats_.chosenSource : delimitedFormats_.chosenTarget;
-  const run::DelimitedFormat& current = isSource ? selections_.run.sourceDelimited : selections_.run.targetDelimited;
+  const run::DelimitedFormat& current = selection::layoutOf(selections_, side.side);
   side.layout->clear();
   side.layout->setPlaceholderText(tr("%1 (as it was chosen)").arg(toQString(current.name)));
   for (const run::DelimitedFormat& format : delimitedFormats_.table) side.layout->addItem(toQString(format.name));
   side.layout->setCurrentIndex(delimitedFormats_.table[chosen] == current ? static_cast<int>(chosen) : -1);
 }
 
+/// Why a run would not accept the system with this code and name; empty when it would.
+QString frmTovak::projectionProblem(std::int16_t code, const QString& name) {
+  if (code == run::kNoProjection) return tr("This text holds no number");
+  if (code == run::kUserDefinedProject) {
+    const run::ProjectData project = run::projectData(engine_);
+    if (!project.usable()) return toQString(project.name);
+  }
+  return name.isEmpty() ? tr("The conversion engine does not know this number") : QString();
+}
+
 void frmTovak::showSystem(const SideWidgets& side) {
   const std::int16_t code = selection::projectionBox(selections_, side.side).code;
-  const QString name = systemName(engine_, code);
-  QString problem = name.isEmpty() ? tr("The conversion engine does not know this number") : QString();
-  if (code == run::kUserDefinedProject) {
-    const QString project = toQString(engine_.GetProjectionData(-run::kUserDefinedProject));
-    if (!project.contains('~')) problem = project;
-  }
+  const QString name = code == run::kNoProjection ? QString() : toQString(run::systemName(engine_, code));
+  const QString problem = projectionProblem(code, name);
   side.system->setText(name.isEmpty() ? tr("unknown projection") : name);
-  side.system->setToolTip(problem.isEmpty() ? name : problem);
-  // Red that stands out from the palette's own background, be it light or dark.
+  side.system->setToolTip(plainTip(problem.isEmpty() ? name : problem));
+  // A red that stands out from the palette's own background, light or dark.
   const bool dark = palette().color(QPalette::Window).lightness() < 128;
   QPalette colours = palette();
   if (!problem.isEmpty()) colours.setColor(QPalette::WindowText, dark ? QColor(255, 120, 110) : QColor(180, 0, 0));
@@ -91,7 +96,7 @@ void frmTovak::refreshOptions() {
                              : settings.latLongForm == text::AngleForm::DegreesDecimalMinutes ? f.btnDM
                                                                                               : f.btnDMS;
   form->setChecked(true);
-  f.lstAccuracy->setCurrentIndex(settings.accuracy);
+  f.lstAccuracy->setCurrentIndex(static_cast<int>(settings.accuracy));
   (settings.verticalDatum == run::VerticalDatum::Navd88 ? f.btnNavd88 : f.btnNgvd29)->setChecked(true);
   f.txtNextNumber->setText(QString::number(settings.NextPointNumber));
   f.txtIncrement->setText(QString::number(settings.PointNumberIncrement));
@@ -106,10 +111,8 @@ void frmTovak::refreshOptions() {
 void frmTovak::refreshEnabled() {
   const selection::EnabledControls enabled = selection::enabledControls(selections_, start_.formatTables);
   const Ui::frmTovak& f = *form_;
-  const bool sourceDelimited = selections_.run.sourceFormat == run::source::CommaDelimited;
-  const bool targetDelimited = selections_.run.targetFormat == run::target::CommaDelimited;
-  f.mnuFileSourceLayout->setEnabled(sourceDelimited);
-  f.mnuFileTargetLayout->setEnabled(targetDelimited);
+  f.mnuFileSourceLayout->setEnabled(enabled.sourceLayout);
+  f.mnuFileTargetLayout->setEnabled(enabled.targetLayout);
   const std::pair<QWidget*, bool> states[] = {
       {f.frameSourceFile, enabled.sourceFile},
       {f.frameTargetFile, enabled.targetFile},
@@ -117,10 +120,10 @@ void frmTovak::refreshEnabled() {
       {f.frameTrgMapPrj, enabled.targetProjection},
       {f.frameSourceUnits, enabled.sourceUnits},
       {f.frameTargetUnits, enabled.targetUnits},
-      {f.lstSourceLayout, sourceDelimited},
-      {f.cmdSourceLayout, sourceDelimited},
-      {f.lstTargetLayout, targetDelimited},
-      {f.cmdTargetLayout, targetDelimited},
+      {f.lstSourceLayout, enabled.sourceLayout},
+      {f.cmdSourceLayout, enabled.sourceLayout},
+      {f.lstTargetLayout, enabled.targetLayout},
+      {f.cmdTargetLayout, enabled.targetLayout},
       {f.frameLLfmt, enabled.latLongForm},
       {f.frameAdjustment, enabled.ordinaryOptions},
       {f.frameVertical, enabled.verticalDatum},

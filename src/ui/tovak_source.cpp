@@ -1,4 +1,4 @@
-// The main window's part in choosing a source: the geodetic database with its lists, and files that are dropped.
+// How the main window chooses a source: the geodetic database with its lists, and dropped files.
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -10,7 +10,6 @@
 #include <utility>
 
 #include "formats/database/map_sheets.h"
-#include "run/format_index.h"
 #include "selection/database_choices.h"
 #include "selection/database_source.h"
 #include "ui/message_box.h"
@@ -24,7 +23,7 @@ namespace {
 
 using selection::Side;
 
-/// A file that was dropped, or an empty text. A list of addresses can be empty.
+/// The dropped file, or an empty text: the list of addresses can be empty.
 QString droppedFile(const QMimeData& data) {
   const QList<QUrl> addresses = data.urls();
   return addresses.isEmpty() ? QString() : addresses.front().toLocalFile();
@@ -76,25 +75,25 @@ void frmTovak::chooseDatabase() {
   if (outcome.problem) showMessage(this, *outcome.problem);
 }
 
-/// The database takes more lines than other sources: the window grows by them where the screen has room.
+/// The database needs more lines than other sources: the window grows by that much where the screen has room.
 void frmTovak::showAllGroups() {
-  const int missing = form_->scrollContents->sizeHint().height() - form_->scrollArea->viewport()->height();
+  const int missing = form_->scrollContents->minimumSizeHint().height() - form_->scrollArea->viewport()->height();
   if (missing <= 0 || isMaximized()) return;
   resize((size() + QSize(0, missing)).boundedTo(screen()->availableSize()));
 }
 
-/// A map sheet that is dropped brings the database along; any other file is looked at, and its format is to be chosen.
+/// Dropping a map sheet selects the database too; any other file is examined, and its format is still to be chosen.
 void frmTovak::dropFile(Side side, const QString& name) {
   if (running_) return;
   const std::string path = name.toStdString();
   if (side == Side::Target) {
-    selections_.run.target.fileName = path;
+    selection::nameFile(selections_, side, path);
     return refresh();
   }
-  if (formats::isMapSheet(path, start_.mapSheetCodes)) {
-    selections_.run.sourceFormat = run::source::GeodeticCsv;
+  if (formats::database::isMapSheet(path, start_.mapSheetCodes)) {
+    selection::beginDatabase(selections_, start_.formatTables);
   } else {
-    selection::chooseSourceFormat(selections_, start_.formatTables, run::source::Keyboard);
+    selection::leaveForKeyboard(selections_, start_.formatTables);
   }
   takeSourceFile(name);
 }
@@ -103,8 +102,8 @@ void frmTovak::dragEnterEvent(QDragEnterEvent* event) {
   if (!running_ && !droppedFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
-/// Takes the event when it brings a file. What follows from a drop waits until the program that the file comes from is
-/// free again, since a question may.
+/// Accepts the event when it brings a file. The work after a drop may ask a question, so it waits until the program
+/// that the file comes from is free again.
 bool frmTovak::acceptDrop(QDropEvent* event, Side side) {
   const QString name = droppedFile(*event->mimeData());
   if (name.isEmpty()) return false;
@@ -119,8 +118,19 @@ void frmTovak::dropEvent(QDropEvent* event) {
   acceptDrop(event, onTarget ? Side::Target : Side::Source);
 }
 
-/// A file dropped on a file box replaces its text; the box alone would take the address for text.
+/// A file dropped on a file box replaces its text; on its own, the box would insert the file's address as text. The
+/// wheel over a list without the focus scrolls the window.
 bool frmTovak::eventFilter(QObject* watched, QEvent* event) {
+  if (const auto* const list = qobject_cast<QComboBox*>(watched)) {
+    if (event->type() == QEvent::Wheel && !list->hasFocus()) {
+      event->ignore();
+      return true;
+    }
+    for (const SideWidgets& side : sides_) {
+      if (list == side.format) return keepFormatList(side, event);
+    }
+    return QMainWindow::eventFilter(watched, event);
+  }
   if (event->type() == QEvent::DragEnter || event->type() == QEvent::Drop) {
     const Side side = watched == form_->txtTargetFile ? Side::Target : Side::Source;
     if (acceptDrop(static_cast<QDropEvent*>(event), side)) return true;

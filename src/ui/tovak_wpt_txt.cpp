@@ -7,7 +7,7 @@ namespace tovak::ui {
 frmTovakWptTxt::frmTovakWptTxt(run::RunSettings& settings, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakWptTxt>()), settings_(settings) {
   ui_->setupUi(this);
-  const std::string& chosen = settings.waypointName;
+  const std::string& chosen = settings.options.waypoints.name;
   QRadioButton* const option = chosen == "ST" ? ui_->optUseST : chosen == "PD" ? ui_->optUsePD : ui_->optUsePN;
   option->setChecked(true);
   option->setFocus();
@@ -18,7 +18,7 @@ frmTovakWptTxt::frmTovakWptTxt(run::RunSettings& settings, QWidget* parent)
 frmTovakWptTxt::~frmTovakWptTxt() = default;
 
 void frmTovakWptTxt::store() {
-  settings_.waypointName = ui_->optUseST->isChecked() ? "ST" : ui_->optUsePD->isChecked() ? "PD" : "PN";
+  settings_.options.waypoints.name = ui_->optUseST->isChecked() ? "ST" : ui_->optUsePD->isChecked() ? "PD" : "PN";
   accept();
 }
 

@@ -1,11 +1,11 @@
-/// The pointer that says that the program is busy.
+/// The pointer that shows that the program is busy.
 #pragma once
 
 #include <QApplication>
 
 namespace tovak::ui {
 
-/// Shown as long as the object lives.
+/// Shown for the life of the object.
 class WaitCursor {
  public:
   WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }

@@ -1,4 +1,4 @@
-// The module TovakWindow: the main window behind the one function that it exports.
+// The module TovakWindow: the main window behind its one exported function.
 #include <QApplication>
 #include <QTimer>
 #include <cstdio>
@@ -17,13 +17,13 @@ namespace {
 
 using tovak::app::WindowStart;
 
-const WindowStart* opening = nullptr;  ///< what waits for a display
+const WindowStart* opening = nullptr;  ///< what is to be shown once there is a display
 
-/// Qt ends the program where the display that is named cannot be used. What there is to say is printed before.
+/// Qt ends the program when the display cannot be used. Pending messages are printed first.
 void takeQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
   if (type == QtFatalMsg) {
     tovak::app::printUnopenedWindow(std::cerr, opening->messages, "The display cannot be used.");
-    std::_Exit(tovak::app::kCommandLineProblem);
+    std::_Exit(opening->statusWithoutDisplay);
   }
   std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
 }

@@ -7,6 +7,8 @@
 
 #include "run/labels.h"
 #include "run/projection_code.h"
+#include "run/run_messages.h"
+#include "run/system_data.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui/report_printing.h"
@@ -34,14 +36,13 @@ bool execOptions(run::RunSettings& settings, QWidget& window) {
 
 }  // namespace
 
-QString systemName(run::ConversionEngine& engine, std::int16_t code) {
-  const std::string data = engine.GetProjectionData(code);
-  return toQString(std::string_view(data).substr(0, data.find('~')));
-}
-
 WindowPerson::WindowPerson(QWidget& window, run::RunSettings& settings, run::ConversionEngine& engine,
-                           PaintProgress paintProgress)
-    : window_(window), settings_(settings), engine_(engine), paintProgress_(std::move(paintProgress)) {
+                           const std::set<std::string>& ownTargets, PaintProgress paintProgress)
+    : window_(window),
+      settings_(settings),
+      engine_(engine),
+      ownTargets_(ownTargets),
+      paintProgress_(std::move(paintProgress)) {
   sincePaint_.start();
 }
 
@@ -55,6 +56,13 @@ void WindowPerson::show(const run::Message& message) {
 
 bool WindowPerson::confirm(const run::Message& question) {
   return askQuestion(&window_, question);
+}
+
+bool WindowPerson::mayReplace(const std::string& fileName) {
+  if (ownTargets_.contains(fileName)) return true;
+  const run::Message question = run::messages::replaceTarget(fileName);
+  focus_ = question.focus;
+  return confirm(question);
 }
 
 bool WindowPerson::chooseTargetOptions(run::TargetOptions options) {
@@ -72,29 +80,31 @@ bool WindowPerson::chooseTargetOptions(run::TargetOptions options) {
 }
 
 QString WindowPerson::sideDescription(std::int16_t code) const {
-  return systemName(engine_, code) + " : " + toQString(run::datumLabel(code, settings_.adjustment));
+  return toQString(run::systemName(engine_, code)) + " : " + toQString(run::datumLabel(settings_, code));
 }
 
 bool WindowPerson::typePoint(run::PointRecord& point) {
-  // The point typed before is seen before the next one is asked for.
+  // The person sees the previous point before being asked for the next one.
   if (std::exchange(rowsToShow_, false)) execDialog(grid());
   if (entry_ == nullptr)
     entry_ = std::make_unique<frmTovakInput>(
-        entryLabels(settings_, systemName(engine_, settings_.SourceProjectionCode)), &window_);
+        entryLabels(settings_, toQString(run::systemName(engine_, settings_.SourceProjectionCode))), &window_);
   while (execDialog(*entry_)) {
     const bool latLong = run::isLatLong(settings_.SourceProjectionCode);
-    const std::optional<std::string> problem =
-        run::takeTypedPoint(entry_->texts(), latLong, settings_.latLongForm, point);
-    if (!problem) return true;
+    text::Result<run::PointRecord> typed = run::typedPoint(entry_->texts(), latLong, settings_.latLongForm);
+    if (typed) {
+      point = std::move(*typed);
+      return true;
+    }
     showMessage(entry_.get(),
-                {.text = *problem, .title = entry_->windowTitle().toStdString(), .icon = run::Icon::Exclamation});
+                {.text = typed.error, .title = entry_->windowTitle().toStdString(), .icon = run::Icon::Exclamation});
   }
   return false;
 }
 
 frmTovakOutput& WindowPerson::grid() {
   if (grid_ == nullptr) {
-    grid_ = std::make_unique<frmTovakOutput>(&window_);
+    grid_ = std::make_unique<frmTovakOutput>(settings_, &window_);
     grid_->setDescriptions(sideDescription(settings_.SourceProjectionCode),
                            sideDescription(settings_.TargetProjectionCode));
   }
@@ -103,8 +113,7 @@ frmTovakOutput& WindowPerson::grid() {
 
 void WindowPerson::showRow(const run::PointRecord& point, bool freshGrid) {
   if (freshGrid) grid().startGrid();
-  report::makePointTexts(point, settings_, texts_);
-  grid().addRow(point.pointNumber, point.description, texts_, point.OutInfo);
+  grid().addRow(point);
   rowsToShow_ = true;
 }
 

@@ -6,9 +6,9 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 
-#include "report/point_texts.h"
 #include "run/conversion_engine.h"
 #include "run/person.h"
 #include "run/run_settings.h"
@@ -21,23 +21,22 @@
 
 namespace tovak::ui {
 
-/// "State plane South, NAD83" for a code that the engine knows, else empty.
-QString systemName(run::ConversionEngine& engine, std::int16_t code);
-
 /// Lives as long as one run.
-class WindowPerson final : public run::Person {
+class WindowPerson final : public run::Person, public run::TypedPoints, public run::Screen, public run::Progress {
  public:
   /// Shows how many records have been read, and paints the window.
   using PaintProgress = std::function<void(std::uint64_t records)>;
 
-  /// `settings` are those of the run.
-  WindowPerson(QWidget& window, run::RunSettings& settings, run::ConversionEngine& engine, PaintProgress paintProgress);
+  /// `settings` are those of the run; `ownTargets` holds the targets that may be replaced without asking the person.
+  WindowPerson(QWidget& window, run::RunSettings& settings, run::ConversionEngine& engine,
+               const std::set<std::string>& ownTargets, PaintProgress paintProgress);
   WindowPerson(const WindowPerson&) = delete;
   WindowPerson& operator=(const WindowPerson&) = delete;
   ~WindowPerson() override;
 
   void show(const run::Message& message) override;
   bool confirm(const run::Message& question) override;
+  bool mayReplace(const std::string& fileName) override;
   bool leaveBatchMode() override { return true; }
   bool chooseTargetOptions(run::TargetOptions options) override;
   bool typePoint(run::PointRecord& point) override;
@@ -46,7 +45,7 @@ class WindowPerson final : public run::Person {
   void showGrid() override;
   void progress(std::uint64_t records) override;
 
-  /// The control that the last message was about. During a run it takes no focus.
+  /// The control that the last message was about. It takes no focus during a run.
   const std::string& focus() const { return focus_; }
 
  private:
@@ -56,6 +55,7 @@ class WindowPerson final : public run::Person {
   QWidget& window_;
   run::RunSettings& settings_;
   run::ConversionEngine& engine_;
+  const std::set<std::string>& ownTargets_;
   PaintProgress paintProgress_;
   QElapsedTimer sincePaint_;
   std::string focus_;
@@ -63,7 +63,6 @@ class WindowPerson final : public run::Person {
   bool rowsToShow_ = false;
   std::unique_ptr<frmTovakInput> entry_;
   std::unique_ptr<frmTovakOutput> grid_;
-  report::PointTexts texts_;
 };
 
 }  // namespace tovak::ui

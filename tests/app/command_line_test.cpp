@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "app/command_items.h"
 #include "formats/format_tables.h"
+#include "run/format_index.h"
 #include "support/temporary_folder.h"
 
 namespace tovak::app {
@@ -27,7 +29,7 @@ std::string selection(const CommandLine& line) {
   std::string text = "-" + std::to_string(s.BatchMode);
   for (const int number : {int{s.sourceFormat}, int{s.targetFormat}}) text += ' ' + std::to_string(number);
   text += ' ' + s.source.projectionText + ' ' + s.target.projectionText + ' ' + static_cast<char>(s.latLongForm);
-  text += std::string(s.latLongFormChosen ? "+ " : " ") + std::to_string(s.accuracy);
+  text += std::string(s.latLongFormChosen ? "+ " : " ") + std::to_string(static_cast<int>(s.accuracy));
   return text + ' ' + std::to_string(static_cast<int>(s.adjustment)) + line.MessageText;
 }
 
@@ -59,21 +61,43 @@ TEST_F(CommandLineTest, FillsTheSettings) {
   for (const auto& [items, text] : targets) {
     EXPECT_EQ(only("-B -SF2 -SP1 -SUE " + std::string(items)).settings.target.projectionText, text) << items;
   }
-  const CommandLine report = with("-R\"my report.rpt\"");
-  EXPECT_EQ(report.settings.reportFileName, "my report.rpt");
-  EXPECT_TRUE(report.reportFileNamed && report.settings.reportEnabled && !with("").settings.reportEnabled);
+  const CommandLine report = with("-R\"my report.rpt \"");
+  EXPECT_EQ(report.settings.reportFileName, "my report.rpt ");
+  EXPECT_TRUE(report.reportFileNamed && report.settings.reportEnabled);
+  // Without a name it is that of the day.
+  for (const char* items : {"", "-R", "-R\" \""}) {
+    EXPECT_FALSE(with(items).reportFileNamed || with(items).settings.reportEnabled) << items;
+  }
+}
+
+TEST_F(CommandLineTest, BringsWithAFormatWhatItBringsInTheWindow) {
+  const std::tuple<const char*, int, int, const char*, char> cases[] = {
+      {"-SF9", run::source::GeodeticsSpecial, run::target::GeodeticsSpecial, "1M", 'S'},
+      {"-TP3 -TUM -SF11", run::source::LmoBatch, run::target::LmoBatch, "2M", 'S'},
+      {"-TF12", run::source::LmoBatch, run::target::LmoBatch, "1", 'S'},
+      {"-A1 -SF12", run::source::Maptech, 0, "1", 'D'},
+      {"-A4 -SF13", run::source::WayPointsPlus, 0, "1", 'S'}};
+  for (const auto& [items, source, target, system, form] : cases) {
+    const run::RunSettings s = only(items).settings;
+    EXPECT_TRUE(s.sourceFormat == source && s.targetFormat == target && static_cast<char>(s.latLongForm) == form)
+        << items;
+    EXPECT_EQ(s.target.projectionText, system) << items;
+  }
 }
 
 TEST_F(CommandLineTest, ReportsWhatIsImproper) {
   constexpr const char* kAgency =
       "Vesko Specific Batch Files for Database Applications\ncannot be run automatically from the command line.";
-  const std::tuple<const char*, const char*> cases[] = {
+  const run::FormatTables formats = formats::formatTables();
+  const std::string pastSources = "-SF" + std::to_string(formats.sources.size() + 1);
+  const std::string pastTargets = "-TF" + std::to_string(formats.targets.size() + 1);
+  const std::tuple<std::string, const char*> cases[] = {
       {"-SF1", "Batch Mode Data Source Cannot Be Keyboard."},
       {"-SF14", "Batch Mode Data Source Cannot Be a CSV File."},
-      {"-SF15", "Improper Source File Format Was Specified."},
+      {pastSources, "Improper Source File Format Was Specified."},
       {"-SF0", "Source File Format Was Not Specified."},
       {"-TF1", "Batch Mode Data Target Cannot Be Screen."},
-      {"-TF17", "Improper Target File Format Was Specified."},
+      {pastTargets, "Improper Target File Format Was Specified."},
       {"-SP270", "Improper Source Projection Was Specified."},
       {"-SP264", "Batch Mode Source Projection Cannot Be User Defined."},
       {"-SP-5", "Source File Projection Was Not Specified."},
@@ -82,6 +106,7 @@ TEST_F(CommandLineTest, ReportsWhatIsImproper) {
       {"-SPx", "Number Cannot Be Read: -SPx"},
       {"-TF", "Number Cannot Be Read: -TF"},
       {"-TP99999 -SF", "Number Cannot Be Read: -TP99999"},
+      {"-SFx \"-Q\" -Rx\"-B\" -SF9", "Number Cannot Be Read: -SFx"},
       {"-F7", "Improper Data Accuracy Was Specified."},
       {"-F0 -A6", "Improper Data Accuracy Was Specified.\nImproper Latitude/Longitude Form Was Specified."},
       {"-SF9", kAgency},
@@ -97,6 +122,7 @@ TEST_F(CommandLineTest, ReportsWhatIsImproper) {
             "Source File Format Was Not Specified.\nTarget File Format Was Not Specified.\n"
             "Source File Projection Was Not Specified.\nTarget File Projection Was Not Specified.");
   EXPECT_EQ(only("-B -SF2 -SP1 -SUE -TF2 -TP5").MessageText, "Target File Units Were Not Specified.");
+  EXPECT_EQ(parse("-SPx -F9 -q").settings.BatchMode, 2);
   const CommandLine missing = parse("/nowhere/in.csv out.csv -Q -SUE -TUE -SF2 -TF2 -SP1 -TP2");
   EXPECT_EQ(missing.MessageText + missing.settings.source.fileName, "Source File Does Not Exist.");
 }
@@ -111,18 +137,33 @@ TEST_F(CommandLineTest, FindsNamesAndTheWorkingFolder) {
   EXPECT_EQ(parse(folder.path().string()).workingFolder, folder.path());
   EXPECT_EQ(parse("/nowhere/in.csv").workingFolder, "");
   EXPECT_EQ(parse("\"unclosed name").settings.target.fileName, "");
+  EXPECT_EQ(parse("in.csv \"ends blank \" ").settings.target.fileName, "ends blank ");
 }
 
 TEST(JoinArguments, QuotesWhatHoldsBlanks) {
   EXPECT_EQ(joinArguments({}), "");
   EXPECT_EQ(joinArguments({"a b.csv", "-B", "-Rmy report.rpt", "-rx y"}),
             "\"a b.csv\" -B -R\"my report.rpt\" -r\"x y\"");
-  EXPECT_EQ(joinArguments({"-R\"my report.rpt\"", "\"a b\""}), "-R\"my report.rpt\" \"a b\"");
+  EXPECT_EQ(joinArguments({"ends blank ", "-R\"x.rpt\""}), "\"ends blank \" -R\"x.rpt\"");
 }
 
-TEST(AsksForHelp, AnywhereInEitherCase) {
-  for (const char* line : {"-h", "a b -H", "my-house.csv", "--help"}) EXPECT_TRUE(asksForHelp(line)) << line;
-  for (const char* line : {"", "h", "in.csv - h", "-B"}) EXPECT_FALSE(asksForHelp(line)) << line;
+TEST(FaultyArgument, IsOneWithQuotesThatWouldNotBeOneValue) {
+  for (const char* faulty : {"a \"b", "\"a b\"", "-R\"a b\"", "\"a", "\"a\"b", "-r\"a"})
+    EXPECT_EQ(faultyArgument({"good.csv", faulty, "a \" later one"}), faulty);
+  EXPECT_EQ(faultyArgument({"a b", "\"a\"", "-R\"a\"", "a\"b", ""}), "");
+}
+
+TEST(HelpSwitch, CountsAnywhereButInTheFoldersOfAFileThatIsThere) {
+  using namespace std::string_literals;
+  const tests::TemporaryFolder folder;
+  std::filesystem::create_directory(folder.path() / "my-home");
+  const std::string there = folder.write("my-home/in.csv", ""), named = folder.write("my-home/in-house.csv", "");
+  const std::string missing = folder.file("my-home/out.csv"), home = folder.file("my-home");
+  for (const std::string& line :
+       {"-h"s, "a b -H"s, "--help"s, "x \"my -house.csv\""s, named, there + " " + missing, home})
+    EXPECT_TRUE(itemAskingForHelp(line)) << line;
+  for (const std::string& line : {there + " -R" + there, ""s, "h in.csv - h -B"s})
+    EXPECT_FALSE(itemAskingForHelp(line)) << line;
 }
 
 }  // namespace

@@ -1,11 +1,7 @@
-#include <sstream>
 #include <vector>
 
-#include <gtest/gtest.h>
-
-#include "app/program.h"
-#include "support/environment.h"
-#include "support/temporary_folder.h"
+#include "report/report_writer.h"
+#include "support/program_fixture.h"
 
 namespace tovak::app {
 namespace {
@@ -24,37 +20,27 @@ struct Opened {
 
 std::vector<Opened> opened;
 bool moduleMissing = false;
-text::Date aDay() {
-  return {2026, 11, 21};
-}
-auto* dayOfReports = text::today;
+run::ReportFormat report;
 
 bool recordWindow(const WindowStart& start, std::string& reason) {
   if (moduleMissing) reason = "TovakWindow.so: no such file";
-  dayOfReports = start.formatTables.report.today;
+  report = start.formatTables.report;
   if (!moduleMissing)
     opened.push_back(
         {start.settings, start.messages, start.engine != nullptr, start.definitionsFile, start.mapSheetCodes});
   return !moduleMissing;
 }
 
-class WindowStartTest : public testing::Test {
+class WindowStartTest : public tests::ProgramFixture {
  protected:
   WindowStartTest() {
     opened.clear();
     moduleMissing = false;
   }
 
-  ExitStatus run(const std::string& line) {
-    return runProgram(line, {.out = out, .err = err, .hasDisplay = true, .today = aDay, .window = recordWindow});
-  }
+  ExitStatus run(const std::string& line) { return ProgramFixture::run(line, recordWindow); }
 
-  const tests::TemporaryFolder folder;
-  const EnvironmentVariable appData{"APPDATA", folder.file("AppData")};
-  const EnvironmentVariable component{"TOVAKX_COMPONENT", nullptr};
   const std::string files = folder.write("in.csv", "45.5,-93.5,A\n") + " " + folder.file("out.csv");
-  std::ostringstream out;
-  std::ostringstream err;
 };
 
 TEST_F(WindowStartTest, OpensEmptyWithTheReportOfTheDay) {
@@ -65,7 +51,7 @@ TEST_F(WindowStartTest, OpensEmptyWithTheReportOfTheDay) {
   EXPECT_EQ(settings.reportFileName, folder.file("AppData/QrAppsData/Tovak11-21-2026.rpt"));
   EXPECT_EQ(settings.TargetProjectionCode, 1);
   EXPECT_EQ(opened[0].definitionsFile, folder.file("AppData/QrAppsData/Tovak.cdf"));
-  EXPECT_EQ(dayOfReports, aDay);
+  EXPECT_TRUE(report.today == aDay && report.joint == report::reportJoint);
   EXPECT_EQ(err.str(), "");
 
   EXPECT_EQ(opened[0].mapSheetCodes.find("ALDR1~ALDR2~"), 0U) << "the list beside the program";
@@ -92,21 +78,23 @@ TEST_F(WindowStartTest, TurnsFromABatchRunThatMeetsAProblem) {
     const char* options;
     const char* title;
     const char* text;
+    ExitStatus status;
   } cases[] = {
-      {" -B -SF2 -SP1 -SUE -TF2 -TP5", "Command Line Error", "Target File Units Were Not Specified."},
+      {" -B -SF2 -SP1 -SUE -TF2 -TP5", "Command Line Error", "Target File Units Were Not Specified.",
+       kCommandLineProblem},
       {" -B -SF2 -SP1 -SUE -TF3 -TP1 -TUE", "Invalid target combination",
-       "Vesko 80 column format not valid with NAD27 or NAD83 lat/long map projection"},
+       "Vesko 80 column format not valid with NAD27 or NAD83 lat/long map projection", kStoppedByMessage},
+      {" -SPx -B", "Command Line Error", "Number Cannot Be Read: -SPx", kCommandLineProblem},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.options);
     opened.clear();
-    run(files + c.options);
+    EXPECT_EQ(run(files + c.options), c.status);
     ASSERT_EQ(opened.size(), 1U);
     ASSERT_EQ(opened[0].messages.size(), 1U);
     EXPECT_EQ(opened[0].messages[0].title, c.title);
     EXPECT_EQ(opened[0].messages[0].text, c.text);
     EXPECT_EQ(opened[0].settings.BatchMode, 0);
-    EXPECT_EQ(opened[0].settings.sourceFormat, 1);
     EXPECT_EQ(err.str(), "");
   }
 }
@@ -114,7 +102,7 @@ TEST_F(WindowStartTest, TurnsFromABatchRunThatMeetsAProblem) {
 TEST_F(WindowStartTest, StaysOutOfABatchRunThatGoesWellOrQuietly) {
   EXPECT_EQ(run(files + " -B -SF2 -SP1 -SUE -TF2 -TP5 -TUE -A4"), kFinished) << err.str();
   EXPECT_EQ(run(files + " -Q -SF2 -SP1 -SUE -TF3 -TP1 -TUE"), kStoppedByMessage);
-  EXPECT_EQ(run(files + " -Q"), kCommandLineProblem);
+  EXPECT_EQ(run(files + " -SPx -Q"), kCommandLineProblem);
   EXPECT_TRUE(opened.empty());
 }
 

@@ -37,12 +37,12 @@ TEST_F(Definition, BecomesTheBareProjection) {
       // The older figure is often cut off, and a zone may put the northing first.
       Row(wkt("6378206.4,294.9786982", "0", R"(UNIT["metre",1],AXIS["N",NORTH],AXIS["E",EAST])"), tmerc + "clrk66")};
   for (const auto& [definition, parameters] : cases) {
-    const ParametersResult read = readDefinition(context.get(), definition, std::nullopt);
-    EXPECT_EQ(read.reason, "") << definition;
-    EXPECT_EQ(read.parameters, parameters);
-    EXPECT_EQ(read.datum, parameters.ends_with("GRS80") ? Datum::nad83 : Datum::nad27);
+    const text::Result<Parameters> read = readDefinition(context.get(), definition, std::nullopt);
+    ASSERT_TRUE(read) << definition << ": " << read.error;
+    EXPECT_EQ(read->list, parameters);
+    EXPECT_EQ(read->datum, parameters.ends_with("GRS80") ? Datum::nad83 : Datum::nad27);
   }
-  EXPECT_EQ(readDefinition(context.get(), "+proj=utm +zone=15", Datum::nad83).parameters, kUtm);
+  EXPECT_EQ(readDefinition(context.get(), "+proj=utm +zone=15", Datum::nad83)->list, kUtm);
 }
 
 TEST_F(Definition, IsRefusedWithAReason) {
@@ -51,7 +51,7 @@ TEST_F(Definition, IsRefusedWithAReason) {
   const Row cases[] = {
       Row("", "neither PROJ parameters"), Row("{}", "neither PROJ parameters"), Row("EPSG:99999", "does not know it"),
       Row("PROJCS[]", "does not know it"), Row(std::string(4000, '[') + ']', "neither"),
-      Row("X[" + std::string(4000, ']'), "does not"), Row("EPSG:4269", "no projected coordinate system"),
+      Row("X[" + std::string(4000, ']'), "no keyword"), Row("EPSG:4269", "not a projected coordinate system"),
       Row("EPSG:32615", "\"+ellps=WGS84\" is neither the ellipsoid of NAD83"), Row("EPSG:26715", "is of another datum"),
       Row("EPSG:26848", "unit is not the metre"),
       Row(wkt(grs80, "0", R"(UNIT["Foot_US",0.304800609601219])"), "unit is not"),
@@ -68,16 +68,27 @@ TEST_F(Definition, IsRefusedWithAReason) {
       Row("+proj=tmerc +lon_0=-93 +x_0=1O0", "no value"), Row("+proj=tmerc +lon_0=-93,5", "no value"),
       Row("+proj=tmerc +lon_0=-93d60'", "no value"), Row("+proj=tmerc +lon_0", "no value"),
       Row("+proj=tmerc +lon_O=-93", "no parameter"), Row("+proj=utm +zone=15 +a=6378137", "neither the ellipsoid"),
+      // What names files or operations of PROJ's own, wherever it stands.
+      Row("+proj=utm +zone=15 +nadgrids=@conus", "no parameter"), Row("+init=epsg:26915", "no parameter"),
+      Row("+proj=hgridshift +grids=us_noaa_conus.tif", "no parameter"), Row("init=epsg:26915", "neither"),
+      Row(R"({"type":"ProjectedCRS","name":"+nadgrids=/x"})", "neither"),
+      Row(wkt(grs80, "0", R"(UNIT["metre",1],extension ["PROJ4","+proj=utm +zone=15 +nadgrids=/x"])"), "\"extension\""),
+      Row(wkt(grs80 + R"(,EXTENSION["PROJ4_GRIDS","/x"])", "0", R"(UNIT["metre",1])"), "\"EXTENSION\""),
+      Row(R"(PROJCRS["z",CONVERSION["c",METHOD[ "proj-based operation method: +proj=hgridshift +grids=/x"]]])",
+          "method"),
+      Row(R"(PROJCS["z",PROJECTION("PROJ hgridshift grids=/x")])", "method"),
+      Row(R"(PROJCRS["z",CONVERSION["c",METHOD["NTv2"],PARAMETERFILE["f","/x"]]])", "\"PARAMETERFILE\""),
+      Row("PROJCS[\u201Cz \" \u201D,EXTENSION[\"PROJ4\",\"/x\"]]", "quotation marks"),
       // What is no map projection of these parts.
       Row("+proj=nothing", "cannot make"), Row("+proj=lcc +lat_1=46 +lat_2=-46 +lon_0=-93", "cannot make"),
       Row("+proj=tmerc +lat_0=45 +lon_0=93", "fits the area"),
       Row("+proj=lcc +lat_1=45 +lat_2=46 +lon_0=93", "fits the area"), Row("+proj=longlat", "fits the area"),
       Row("+proj=noop", "fits the area"), Row("+proj=tmerc +lon_0=-93 +k=3.28083333333", "fits the area")};
   for (const auto& [definition, part] : cases) {
-    const ParametersResult read = readDefinition(context.get(), definition, Datum::nad83);
-    EXPECT_NE(read.reason.find(part), std::string::npos) << definition << ": " << read.reason;
+    const text::Result<Parameters> read = readDefinition(context.get(), definition, Datum::nad83);
+    EXPECT_NE(read.error.find(part), std::string::npos) << definition << ": " << read.error;
   }
-  EXPECT_NE(readDefinition(context.get(), "+proj=utm +zone=15", std::nullopt).reason.find("clrk66"), std::string::npos);
+  EXPECT_NE(readDefinition(context.get(), "+proj=utm +zone=15", std::nullopt).error.find("clrk66"), std::string::npos);
 }
 
 }  // namespace

@@ -1,11 +1,15 @@
-/// Asking a fresh engine for one point.
+/// Asking a fresh engine for one point, with a data folder that it finds.
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "engine/tovakx.h"
+#include "support/environment.h"
+#include "support/temporary_folder.h"
 
 namespace tovak::engine::probe {
 
@@ -35,12 +39,21 @@ inline Result convert(TovakX& engine, const std::string& source, const std::stri
   return r;
 }
 
-/// Whether the engine finds the grid between NAD27 and NAD83.
-inline bool hasGrid(TovakX& engine) {
-  return convert(engine, "103", "0", {45.0, -94.0, 0.0}).code != static_cast<int>(Error::noGrid);
-}
+/// A data folder of a test's own, in a folder of an unpleasant name.
+class DataFolder {
+ public:
+  DataFolder() { std::filesystem::create_directories(path() / "grids"); }
+  std::filesystem::path path() const { return parent() / "QrAppsData"; }
+  std::string file(const std::string& name) const { return (path() / name).string(); }
+  std::string write(const std::string& name, std::string_view contents) const {
+    return folder_.write(std::filesystem::relative(path() / name, folder_.path()).string(), contents);
+  }
 
-#define TOVAK_SKIP_WITHOUT_GRID(engine) \
-  if (!probe::hasGrid(engine)) GTEST_SKIP() << "the datum grid us_noaa_conus.tif is not where PROJ_DATA points"
+ private:
+  std::filesystem::path parent() const { return folder_.path() / "data, 'of' \"one\" ~ user; é"; }
+
+  const tests::TemporaryFolder folder_;
+  const tests::EnvironmentVariable variable_{"APPDATA", parent().string()};
+};
 
 }  // namespace tovak::engine::probe

@@ -1,10 +1,11 @@
 #include "engine/project.h"
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "engine_probe.h"
-#include "support/environment.h"
-#include "support/temporary_folder.h"
+#include "run/user_project.h"
 
 namespace tovak::engine {
 namespace {
@@ -14,11 +15,15 @@ const std::string kDefinition = "+proj=tmerc +lat_0=45 +lon_0=-93 +k=1 +x_0=500 
 class UserProject : public testing::Test {
  protected:
   void store(const std::string& name, const std::string& definition, const std::string& unit) {
-    folder.write("~a/QrAppsData/project.txt", "name=" + name + "\ndefinition=" + definition + "\nunit=" + unit + '\n');
+    data.write("project.txt", "name=" + name + "\ndefinition=" + definition + "\nunit=" + unit + '\n');
   }
-  const tests::TemporaryFolder folder;
-  const bool made = std::filesystem::create_directories(folder.path() / "~a" / "QrAppsData");
-  const tests::EnvironmentVariable data{"APPDATA", folder.file("~a")};
+  /// The file as the engine names it: the sign ends a name in its answers.
+  std::string fileWithoutTilde() {
+    std::string name = data.file("project.txt");
+    std::ranges::replace(name, '~', '-');
+    return name;
+  }
+  const probe::DataFolder data;
   const std::unique_ptr<TovakX> engine = probe::freshEngine();
 };
 
@@ -35,28 +40,32 @@ TEST_F(UserProject, IsWhatItsFileSaysAtTheStartOfARun) {
   EXPECT_NEAR(metres.easting, 66208.08059, 6e-6);
   EXPECT_NEAR(probe::convert(*engine, "0", "263", point).northing, 307874.22545 * 39.37 / 12, 2e-5);
 
+  EXPECT_EQ(probe::convert(*engine, "263M", "0", {0.0, 0.0, 0.0}).code, 6);
+  EXPECT_EQ(probe::convert(*engine, "263M", "0", {0.0, 0.001, 0.0}).code, 0);
+
   store("Bridge 9", kDefinition + "clrk66", "feet");
   EXPECT_EQ(engine->GetProjectionData(-263), "Bridge 9~263");
   EXPECT_NEAR(probe::convert(*engine, "103", "263M", point).northing, 307872.60844, 6e-6);
 
+  store("Bridge 9", kDefinition + "clrk66", "feet\ndatum=NAD83");
+  EXPECT_EQ(engine->GetProjectionData(-263), fileWithoutTilde() + ": the definition is on NAD27");
+
   store("Bridge 9", "EPSG:4269", "feet");
   EXPECT_EQ(engine->GetProjectionData(-263),
-            folder.file("-a/QrAppsData/project.txt") +
-                ": the definition cannot be used: it is no projected coordinate system");
+            fileWithoutTilde() + ": the definition cannot be used: it is not a projected coordinate system");
   EXPECT_EQ(probe::convert(*engine, "103", "263M", point).code, 10);
 }
 
 TEST_F(UserProject, IsCheckedBeforeItIsStored) {
-  probe::convert(*engine, "103", "0", {45.0, -94.0, 0.0});  // from the grid on PROJ looks for its files elsewhere
   const std::tuple<std::string, int, const char*> cases[] = {
-      {"263M " + kDefinition + "GRS80", 263,
+      {"263M\n" + kDefinition + "GRS80", 263,
        "Datum NAD83\n"
        "False origin, northing 100.000, easting 500.000 m: latitude 45 00 00.00000, longitude -93 00 00.00000, inside "
        "the area "
        "served\n"
        "Zero point, northing 0.000, easting 0.000 m: latitude 44 59 56.75997, longitude -93 00 22.82871, inside the "
        "area served"},
-      {"263 EPSG:26715", 263,
+      {"263\nEPSG:26715", 263,
        "Datum NAD27\n"
        "False origin, northing 0.000, easting 1640416.667 ft: latitude 00 00 00.00000, longitude -93 00 00.00000, "
        "outside the area "
@@ -64,13 +73,14 @@ TEST_F(UserProject, IsCheckedBeforeItIsStored) {
        "Zero point, northing 0.000, easting 0.000 ft: latitude 00 00 00.00000, longitude -97 29 19.30127, outside the "
        "area "
        "served"},
-      {"263 A[" + std::string(8192, 'q') + "]", 999, "The definition is longer than 8192 characters."},
-      {"263M +proj=utm", 999,
+      {"263\nA[" + std::string(8192, 'q') + "]", 999, "The definition is longer than 8192 characters."},
+      {"263M\n+proj=utm", 999,
        "The definition cannot be used: neither \"+ellps=GRS80\" (NAD83) nor \"+ellps=clrk66\" (NAD27) is given."}};
   for (const auto& [text, code, expected] : cases) {
     std::string filled;
     EXPECT_EQ(engine->GetProjectionFromText(text, filled), code);
     EXPECT_EQ(filled, expected);
+    EXPECT_EQ(run::toldDatum(filled), code == 999 ? "" : filled.substr(6, 5));
   }
   EXPECT_EQ(engine->GetProjectionData(-263), "None Selected");
 }

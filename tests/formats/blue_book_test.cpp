@@ -3,7 +3,7 @@
 #include "support/format_files.h"
 #include "text/angle.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 namespace {
 
 using namespace tests;
@@ -23,16 +23,15 @@ ReadFile reading(std::string_view bytes, Show show, std::int16_t code = kSouth, 
   return readFile(makeBlueBookReader, bytes, settingsFor(code, metres), show);
 }
 
-const Show elevation = [](const PointRecord& p) { return row(p.Elevation, p.elevationDecimals); };
+const Show elevation = [](const PointRecord& p) { return row(p.Elevation, p.elevationAccuracy); };
 
 TEST(BlueBookReader, PutsEachFieldInItsPlace) {
-  const std::string front = "0001|ALDER BRIDGE                  |";
-  const std::string back = "|  |   |    |    |  MONQRDT23CXXXX|||0|";
-  EXPECT_EQ(reading(kGeographic + kHeights, columnFields, kLatLong).points,
-            front + "485649.01137|954724.1593|912.482|0|BQR23" + back +
-                "485649.01|954724.16|-27.100|885.382|LEVELED 2011|0|1");
-  EXPECT_EQ(reading(kGrid + with(with(kHeights, 24, "A"), 57, "  OBLIQUE 2     X"), columnFields).points,
-            front + "762920.113|668495.843|912.482|0|AMN12" + back + "||-27.100|885.382|OBLIQUE 2     X|1|0");
+  EXPECT_EQ(reading(kGeographic + kHeights, filledFields, kLatLong).points,
+            "E=-95.79004425 N=48.9469476027778 Z=912.482 description=ALDER BRIDGE                   ellipsoid=885.382 "
+            "geoid=-27.100 line=1 number=0001 reportE=954724.16 reportN=485649.01");
+  EXPECT_EQ(reading(kGrid + with(kHeights, 24, "A"), filledFields).points,
+            "E=668495.843 N=762920.113 Z=912.482 class=AMN12 description=ALDER BRIDGE                   "
+            "ellipsoid=885.382 geoid=-27.100 line=1 number=0001");
 }
 
 TEST(BlueBookReader, TakesANumberByItsColumnsOrNotAtAll) {
@@ -49,10 +48,7 @@ TEST(BlueBookReader, TakesANumberByItsColumnsOrNotAtAll) {
   const Case latitudes[] = {{"451203     ", "162723"}, {" 5120350000", "18723.5"}, {"00004512345", "45.12345"},
                             {"00095950000", "599.5"},  {"00100000000", "600"},     {"45 12 03   ", "stopped"},
                             {"4512       ", "stopped"}};
-  const Show seconds = [](const PointRecord& p) {
-    const auto degrees = text::interpretAngle(p.InNorthLat, text::AngleForm::DegreesMinutesSeconds);
-    return row(std::round(degrees.value_or(-1) * 3.6e9) / 1e6);
-  };
+  const Show seconds = [](const PointRecord& p) { return row(std::round(p.InNorthLat * 3.6e9) / 1e6); };
   expectFields(makeBlueBookReader, kLatLong, "", kGeographic, 45, seconds, latitudes);
 }
 
@@ -96,15 +92,13 @@ TEST(BlueBookReader, FillsBlankFields) {
 
 TEST(BlueBookReader, GivesAHeightRecordToTheStationInFrontOfIt) {
   const std::string otherHeights = with(kHeights, 17, "0111000");
-  const Show show = [](const PointRecord& p) {
-    return row(p.sourceLine, p.pointNumber, p.Elevation, p.geoidHeight, p.verticalDatum88);
-  };
+  const Show show = [](const PointRecord& p) { return row(p.sourceLine, p.pointNumber, p.Elevation, p.geoidHeight); };
   const ReadFile file =
       reading("$Tovak#4$ NAD83  (Meters)\n" + kHeights + "\n" + kGrid +         // lines 1 to 4
                   "000025*82*0001\n" + kGeographic + kHeights + otherHeights +  // the first heights count
                   with(with(kGrid, 11, "0002"), 70, "      ") + with(kGrid, 11, "0003") + with(otherHeights, 29, "9"),
               show);
-  EXPECT_EQ(file.points, "4|0001|912.482|-27.100|1 9|0002|0||0 10|0003|111|-27.100|0");
+  EXPECT_EQ(file.points, "4|0001|912.482|-27.100 9|0002|0| 10|0003|111|-27.100");
   EXPECT_EQ(row(row(file.counts.comment), row(file.counts.noPoint)), "1|1|5|2");
 }
 
@@ -175,9 +169,18 @@ TEST(BlueBookWriter, WritesElevationsInMetres) {
                {39.37, 1, false, "  1200"},  {3937, 3, false, "1200  "}};
   for (const auto& c : cases) {
     PointRecord point = pointAt(45, -93, c.elevation);
-    point.elevationDecimals = c.decimals;
+    point.elevationAccuracy = static_cast<text::Accuracy>(c.decimals);
     EXPECT_EQ(written(makeBlueBookWriter, point, settingsFor(kLatLong, c.metres)).substr(69, 6), c.field);
   }
+}
+
+TEST(BlueBook, HoldsGridCoordinatesInMetresWhateverTheUnit) {
+  constexpr double kFeet = 39.37 / 12;
+  const PointRecord point = pointAt(5038618.077 * kFeet, 460936.608 * kFeet);
+  EXPECT_EQ(written(makeBlueBookWriter, point, settingsFor(1, false)).substr(44, 21), "5038618077  460936608");
+  const Show both = [](const PointRecord& p) { return row(std::round(p.InNorthLat), std::round(p.InEastLon)); };
+  EXPECT_EQ(readFile(makeBlueBookReader, kGrid, settingsFor(1, false), both).points,
+            row(std::round(762920.113 * kFeet), std::round(668495.843 * kFeet)));
 }
 
 TEST(BlueBookWriter, KeepsEveryTextInItsColumns) {
@@ -221,4 +224,4 @@ TEST(BlueBook, ConvertsIntoItself) {
 }
 
 }  // namespace
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

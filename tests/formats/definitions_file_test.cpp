@@ -3,7 +3,7 @@
 #include "formats/delimited/built_in_formats.h"
 #include "support/format_files.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 namespace {
 
 using namespace tests;
@@ -20,7 +20,7 @@ TEST(DefinitionsFile, IsCreatedOnceWithTheStandardFormat) {
   std::string error;
   ASSERT_TRUE(ensureDefinitionsFile(path, error));
   EXPECT_EQ(contentsOf(path), kFirstFile);
-  EXPECT_EQ(loadDefinitions(path).table, DelimitedFormatTable{standardFormat()});
+  EXPECT_EQ(loadDefinitions(path).value, DelimitedFormatTable{standardFormat()});
   folder.write("Tovak.cdf", "mine");
   ASSERT_TRUE(ensureDefinitionsFile(path, error));
   EXPECT_EQ(contentsOf(path), "mine");
@@ -37,7 +37,7 @@ TEST(DefinitionsFile, SavedFormatsComeBackTheSame) {
   const std::string path = folder.file("Tovak.cdf");
   std::string error;
   ASSERT_TRUE(saveDefinitions(path, table, table.size(), error));
-  EXPECT_EQ(loadDefinitions(path).table, table);
+  EXPECT_EQ(loadDefinitions(path).value, table);
   ASSERT_TRUE(saveDefinitions(path, table, 2, error));
   EXPECT_EQ(contentsOf(path).substr(kFirstFile.size() + 2),
             "\x01Tabs \xE9\xFF\r\n 9 \r\n 3~ 25~\r\na\tb\t\r\n 3 \r\nTrue\r\n\f\r\n");
@@ -49,31 +49,32 @@ std::string record(const std::string& delimiter, const std::string& latLong, con
 
 TEST(DefinitionsFile, IsReadOrRefusedWhole) {
   const std::string good = record("44", "0", "False");
+  const std::string standard = "\x01Tovak Standard\n44\n 0~\n\n0\nFalse\n\f\n";
   std::string full;
-  for (int i = 0; i < 26; ++i) full += good;
+  for (int i = 0; i < 25; ++i) full += good;
   const Case cases[] = {{record(" 59 ", " 2 ", "True"), "F|;| 0~ 1~|head,|2|1"},
                         {record(" 9", "1", "false"), "F|\t| 0~ 1~|head,|1|0"},
                         {"stray\n\n\f\n" + record("44", "3", "TRUE") + "more\n", "F|,| 0~ 1~|head,|3|1"},
-                        {record("44.9", "0", " 0 ") + record("44", "3", "-1"), "F|,| 0~ 1~|head,|0|0"},
+                        {record("44.9", "0", " 0 ") + record("44", "3", "-1"), "F|,| 0~ 1~|head,|3|1"},
                         {full, "F|,| 0~ 1~|head,|0|0"},
                         {good + record("44", "0", "Maybe"), "line 13: the header flag is neither True nor False"},
                         {good + record("44", "0", ""), "line 13: the header flag is neither True nor False"},
                         {record("300", "0", "True"), "line 2: the delimiter is no character code"},
                         {record("44", "-1", "True"), "line 5: the lat/long form is no byte"},
-                        {full + good, "line 183: more than 26 formats"},
+                        {standard + full, "F|,| 0~ 1~|head,|0|0"},
+                        {full + good, "line 176: more than 26 formats"},
                         {good.substr(0, good.size() - 2), "line 6: the file ends inside a format"},
                         {good + good.substr(0, 3), "line 8: the file ends inside a format"}};
   expectEach(cases, [](const std::string& bytes) {
     const TemporaryFolder folder;
     const std::string path = folder.write("Tovak.cdf", bytes);
-    const DefinitionsResult loaded = loadDefinitions(path);
-    const run::DelimitedFormat& f = loaded.table.front();
-    if (loaded.error.empty())
-      return row(f.name, f.delimiter, f.fieldCodes, f.headerLine, +f.latLongFormat, f.includeHeader);
-    EXPECT_EQ(loaded.table, DelimitedFormatTable{standardFormat()});
-    return loaded.error.substr(path.size() + 2);
+    const text::Result<DelimitedFormatTable> loaded = loadDefinitions(path);
+    if (!loaded) return loaded.error.substr(path.size() + 2);
+    EXPECT_EQ(loaded->front().name, "Tovak Standard");
+    const run::DelimitedFormat& f = loaded->back();
+    return row(f.name, f.delimiter, f.fieldCodes, f.headerLine, +f.latLongFormat, f.includeHeader);
   });
 }
 
 }  // namespace
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

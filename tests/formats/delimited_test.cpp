@@ -2,8 +2,9 @@
 #include "formats/delimited/delimited_reader.h"
 #include "formats/delimited/delimited_writer.h"
 #include "support/format_files.h"
+#include "support/golden_rows.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 namespace {
 
 using namespace tests;
@@ -25,52 +26,31 @@ DelimitedFormat layout(const std::string& codes, char delimiter = ',') {
 }
 
 TEST(DelimitedReader, PutsEachFieldInItsPlace) {
-  const Show others = [](const PointRecord& p) {
-    std::string attributes;
-    for (const std::string& attribute : p.attributes) attributes += attribute;
-    return row(fields(p), p.Elevation, p.geoidHeight, p.ellipsoidHeight, p.phField, p.owField, p.odField, p.featureCode,
-               p.figure, p.station, p.offset, attributes, p.sourceLine);
-  };
   EXPECT_EQ(
       reading("1.5,2.5, NAME ,\" N 1\",812.35,-27.1x, 6 ,PHx, OW ,TO,FE,FG,ST,OF,a1,a2,a3,a4,a5,a6,a7,a8,a9,c1,c2,x,y",
               layout(" 0~ 1~ 2~ 3~ 4~ 5~ 6~ 8~ 9~ 10~ 11~ 12~ 13~ 14~ 15~ 16~ 17~ 18~ 19~ 20~ 21~ 22~ 23~ 24~ 24~ 7~"),
-              2, others)
+              2, filledFields)
           .points,
-      "1.5|2.5|NAME| N 1|c1 c2|x,y|812.35|-27.1x| 6 |PHx| OW |TO|FE|FG|ST|OF|a1a2a3a4a5a6a7a8a9|1");
+      "E=2.5 N=1.5 OD=TO OW= OW  PH=PHx Z=812.35 attribute1=a1 attribute2=a2 attribute3=a3 attribute4=a4 "
+      "attribute5=a5 attribute6=a6 attribute7=a7 attribute8=a8 attribute9=a9 comment=c1 c2 decimals=1 "
+      "description=NAME ellipsoid= 6  feature=FE figure=FG geoid=-27.1x line=1 number= N 1 offset=OF rest=x,y "
+      "station=ST");
   const Case texts[] = {{"  BM 12  ", "BM 12"},       {"\" BM \"", " BM "}, {"x\"y\"z", "y"},
                         {"\"open end ", "open end "}, {"\"", ""},           {"   ", ""}};
   expectEach(texts, [](const std::string& text) { return std::string(cleanTextField(text)); });
   const Case elevations[] = {{"123", "123|3"}, {"123.456", "123.456|0"}, {" 123.4 ft", "123.4|2"}, {"none", "0|0"}};
-  const Show elevation = [](const PointRecord& p) { return row(p.Elevation, p.elevationDecimals); };
+  const Show elevation = [](const PointRecord& p) { return row(p.Elevation, p.elevationAccuracy); };
   expectEach(elevations, [&](const std::string& text) {
     return reading("1,2," + text + ",x", layout(" 0~ 1~ 4~ 2~"), 2, elevation).points;
   });
 }
 
 TEST(DelimitedReader, SplitsLines) {
-  const struct {
-    const char* line;
-    const char* codes;
-    const char* fields;
-  } cases[] = {{"10,20,PT1,a,b", " 0~ 1~ 7~ 2~", "10|20||||PT1,a,b"},
-               {"10,20", " 0~ 1~ 7~", "10|20||||"},
-               {"10,20", " 0~ 1~ 2~ 3~ 4~", "10|20||||"},
-               {"10,20,A,B,C,D", " 0~ 1~ 2~", "10|20|A|||"},
-               // Separators separate inside quotes too; the name keeps what stands before the first.
-               {"100,200,3,\"My point, east\",x", " 0~ 1~ 3~ 2~", "100|200|My point|3||"},
-               // While a comma is left it separates, and ";" is part of the text.
-               {"1,2,A;x,note", " 0~ 1~ 2~ 25~", "1|2|A;x||note|"},
-               {"1,2,A; x;y", " 0~ 1~ 2~ 3~ 25~", "1|2|A|x|y|"},
-               // The switch hangs on the digits 25 anywhere in the list.
-               {"1,2,A;B", " 0~ 1~ 2~ 125~", "1|2|A|||"},
-               {"1,2,A;B", " 0~ 1~ 2~ 24~", "1|2|A;B|||"},
-               // Codes that mean nothing still take their field.
-               {"10,20,x,N", " 0~ 1~ 77~ 3~", "10|20||N||"},
-               {"10,20,x,N", " 0~ 1~ word~ 3~ ", "10|20||N||"}};
-  for (const auto& c : cases) EXPECT_EQ(reading(c.line, layout(c.codes)).points, c.fields) << c.line;
+  for (const auto& c : goldenRows("delimited_lines.txt")) EXPECT_EQ(reading(c[0], layout(c[1])).points, c[2]) << c[0];
   EXPECT_EQ(reading("1;2;A,B", layout(" 0~ 1~ 2~ 25~", ';')).points, "1|2|A,B|||");
-  // Blanks inside angles are passed over, and nowhere else.
-  EXPECT_EQ(reading("45 12 34.56\t 93 06 00.5\t A ", layout(" 0~ 1~ 2~", '\t'), 103).points, "451234.56|930600.5|A|||");
+  // Blanks part degrees, minutes and seconds, and end any other number.
+  EXPECT_EQ(reading("45 12 34.56\t 93 06 00.5\t A ", layout(" 0~ 1~ 2~", '\t'), 103).points,
+            "45.2096|-93.1001388888889|A|||");
   EXPECT_EQ(reading("45 12 34.56\t 93 06 00.5\t A ", layout(" 0~ 1~ 2~", '\t'), 105).points, "45|93|A|||");
 }
 
@@ -93,17 +73,15 @@ TEST(DelimitedReader, PassesOverAndCountsWhatIsNoPoint) {
 TEST(DelimitedReader, ReadsTheBuiltInLayouts) {
   run::RunSettings settings;
   prepareWayPointsPlusSource(settings);
-  EXPECT_EQ(settings.latLongForm, text::AngleForm::DegreesMinutesSeconds);
   EXPECT_EQ(
       reading("Datum,North America 1983,GRS 80,0,-1.6E-7,0,0,0\nWP,DMS,7,45.123456789,-93.5,05/01/2020,12:00:00,NAME\n",
               settings.sourceDelimited, 0,
               [](const PointRecord& p) { return row(fields(p), p.attributes[2], p.attributes[3]); })
           .points,
-      "45.123456789|-93.5|NAME|7|||05/01/2020|12:00:00");
+      "45.2096021916667|-93.8333333333333|NAME|7|||05/01/2020|12:00:00");
   prepareMaptechSource(settings);
-  EXPECT_EQ(settings.latLongForm, text::AngleForm::DecimalDegrees);
   EXPECT_EQ(reading("45.5, -93.25, \"HILL\", \"12\", \"a note\", ff, 17\n", settings.sourceDelimited, 0).points,
-            "45.5|-93.25|HILL|12|a note| ff, 17");
+            "45.8333333333333|-93.4166666666667|HILL|12|a note| ff, 17");
 }
 
 std::string written(const DelimitedFormat& format, const PointRecord& point, std::int16_t code = 4) {
@@ -138,14 +116,14 @@ TEST(DelimitedWriter, JoinsFieldsByTheLayout) {
     return written({.fieldCodes = " 3~", .headerLine = header, .includeHeader = true}, point);
   });
   // Every number has the precision of the elevation.
-  point.elevationDecimals = 2;
+  point.elevationAccuracy = static_cast<text::Accuracy>(2);
   point.Elevation = 0.04;
   EXPECT_EQ(written(layout(" 0~ 1~ 4~ 5~"), point), "150000.5,500000.5,0.0,-27.1\n");
 }
 
 TEST(DelimitedWriter, WritesAnglesInEachForm) {
   PointRecord point = pointAt(45.20960219166667, -5.25);
-  point.elevationDecimals = 3;
+  point.elevationAccuracy = static_cast<text::Accuracy>(3);
   constexpr const char* kLines[] = {"451234.56789,-051500.00000\n", "45.123456789,-05.150000000\n",
                                     "45 12 34.56789,-05 15 00.00000\n", "45.2096022,-5.2500000\n",
                                     "451234.56789,-051500.00000\n"};
@@ -161,4 +139,4 @@ TEST(DelimitedWriter, WritesAnglesInEachForm) {
 }
 
 }  // namespace
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

@@ -2,7 +2,7 @@
 #include "formats/survey/eighty_column_writer.h"
 #include "support/format_files.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 namespace {
 
 using namespace tests;
@@ -20,12 +20,12 @@ run::Message fileMessage(const char* text) {
 }
 
 TEST(EightyColumnReader, PutsEachFieldInItsPlace) {
-  EXPECT_EQ(reading(kOrdinary + "beyond\n", columnFields).points,
-            "0104|DEPOT YARD                    |907553.363|2523547.767|987.15|1|BQR23|BM|MON|QRDT|XXXX|"
-            "  MONQRDT23CXXXX|||0||||||0|0");
-  EXPECT_EQ(reading("$\n" + kAlignment, columnFields).points,
-            "0002|TR 12   0+412.350 R 350.000   |276777.865|769561.004|0|0|BQR23|  |PC  |L12 |12  |"
-            "  MONQRDT23CXXXX|0+412.350|R 350.000|1||||||0|0");
+  EXPECT_EQ(reading(kOrdinary + "beyond\n", filledFields).points,
+            "E=2523547.767 N=907553.363 OD=XXXX OW=QRDT PH=MON Z=987.15 code=BM decimals=1 "
+            "description=DEPOT YARD                     line=1 number=0104");
+  EXPECT_EQ(reading("$\n" + kAlignment, filledFields).points,
+            "E=769561.004 N=276777.865 OD=12   OW=L12  PH=PC   RA=R 350.000 alignment=1 "
+            "description=TR 12   0+412.350 R 350.000    line=2 number=0002 station=0+412.350");
 }
 
 TEST(EightyColumnReader, ReadsNumbersCodesAndMarks) {
@@ -42,7 +42,7 @@ TEST(EightyColumnReader, ReadsNumbersCodesAndMarks) {
                              {" 123.4  ", "123.4|2|BQR23"}, {" 812.345", "812.345|0|BQR23"},
                              {"       Z", "0|0|ZQR23"},     {" -12.34A", "-12.34|0|AQR23"},
                              {" 812.34a", "812.34|0|BQR23"}};
-  const Show elevation = [](const PointRecord& p) { return row(p.Elevation, p.elevationDecimals, p.classCode); };
+  const Show elevation = [](const PointRecord& p) { return row(p.Elevation, p.elevationAccuracy, p.classCode); };
   expectFields(makeEightyColumnReader, 0, "", kOrdinary, 58, elevation, elevations);
   // The station of the first point tells an alignment file.
   const Case stations[] = {{"   1+234.567", "1"}, {"    12+34.56", "1"}, {"   1+23.45  ", "0"}, {"    12+345.67", "0"}};
@@ -197,7 +197,7 @@ std::string pointLines(const std::string& file) {
 
 std::string converted(const std::string& source, int accuracy, std::int16_t target = run::target::Vesko80Column) {
   Conversion run(run::source::Vesko80Column, target);
-  run.settings.accuracy = accuracy;
+  run.settings.accuracy = static_cast<text::Accuracy>(accuracy);
   run.settings.allowBlankPointNumbers = true;
   return pointLines(run.of(source));
 }
@@ -223,4 +223,4 @@ TEST(EightyColumns, ConvertIntoThemselves) {
 }
 
 }  // namespace
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

@@ -5,9 +5,10 @@
 #include "formats/delimited/built_in_formats.h"
 #include "formats/delimited/format_preview.h"
 #include "support/format_files.h"
+#include "support/golden_rows.h"
 #include "text/number.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 namespace {
 
 using namespace tests;
@@ -57,24 +58,8 @@ TEST(FormatEditor, AddsAndDeletesFieldsAtTheCursor) {
     EXPECT_EQ(fieldsAfter(" 2~ 3~", cursor + " >"), at < 7 ? " 2~ 3~|7|Number , " : " 2~ 3~|16|");
     EXPECT_EQ(fieldsAfter(" 2~ 3~", cursor + " <"), at <= 7 ? " 2~ 3~|0|Name , Number , " : " 2~ 3~|7|Number , ");
   }
-  const struct {
-    const char* codes;
-    const char* steps;
-    char delimiter;
-    const char* after;
-  } cases[] = {{"", "- > < +0 +1 +1", ',', " 0~ 1~ 1~|81|"},
-               {" 2~ 2~ 3~", "> -", ',', " 2~ 3~|7|Number , "},
-               {" 2~", "- -", ',', "|0|"},
-               // Delimiters that occur in the names, and in the list of codes.
-               {" 0~ 1~", "@27 +2", '-', " 0~ 2~ 1~|34|XCoord/Easting/Longitude - "},
-               {" 0~ 1~", "@54 +2", ' ', " 0~ 1~ 2~|61|"},
-               {" 2~ 3~", "> -", '~', " 2~|7|"},
-               {" 2~ 3~", "@99 -", '\n', " 2~|7|"},
-               // Codes that cannot be chosen stay as they are.
-               {" 98~ x~ 2~", "@30 +3 @0", ',', " 98~ x~ 3~ 2~|0|(code 98) , (no field) , Number , Name , "},
-               {" 2~ 3", "@99 +4", ',', " 2~ 3~ 4~|28|"},
-               {" 2~ 3", "-", ',', " 3|0|Number , "}};
-  for (const auto& c : cases) EXPECT_EQ(fieldsAfter(c.codes, c.steps, c.delimiter), c.after) << c.codes << c.steps;
+  for (const auto& c : goldenRows("edited_fields.txt"))
+    EXPECT_EQ(fieldsAfter(c[0], c[1], c[2][0]), c[3]) << c[0] << c[1];
 }
 
 TEST(FormatEditor, RefusesEveryChangeOfTheStandardFormat) {
@@ -169,7 +154,7 @@ TEST(FormatEditor, SavesWhatIsReadAgain) {
   ASSERT_TRUE(editor.save(folder.file("Tovak.cdf"), error));
   EXPECT_FALSE(editor.unsaved());
   EXPECT_EQ(row(loadDefinitions(folder.file("Tovak.cdf")).error), "");
-  EXPECT_EQ(loadDefinitions(folder.file("Tovak.cdf")).table, table);
+  EXPECT_EQ(loadDefinitions(folder.file("Tovak.cdf")).value, table);
   EXPECT_NE(contentsOf(folder.file("Tovak.cdf")).find("\x01New Format\r\n 44 \r\n\r\na b ,\r\n"), std::string::npos);
 }
 
@@ -224,4 +209,4 @@ TEST(FormatPreview, WritesASamplePoint) {
 }
 
 }  // namespace
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

@@ -1,4 +1,4 @@
-// Map sheets of the geodetic database: how they are found, looked through and read.
+// Map sheets of the geodetic database: how they are found, searched and read.
 #include <filesystem>
 #include <map>
 
@@ -7,7 +7,7 @@
 #include "formats/database/sheet_scan.h"
 #include "support/format_files.h"
 
-namespace tovak::formats {
+namespace tovak::formats::database {
 namespace {
 
 using tests::row;
@@ -24,7 +24,7 @@ std::string station(Values values, const std::string& zone = "", const std::stri
 }
 
 std::string point(const run::PointRecord& p) {
-  return row(p.pointNumber, p.description, p.InNorthLat, p.InEastLon, p.Elevation, p.elevationDecimals, p.sourceLine);
+  return row(p.pointNumber, p.description, p.InNorthLat, p.InEastLon, p.Elevation, p.elevationAccuracy, p.sourceLine);
 }
 
 TEST(MapSheets, DifferInTheCharacterInFrontOfTheEnding) {
@@ -43,12 +43,12 @@ TEST(MapSheets, DifferInTheCharacterInFrontOfTheEnding) {
                                {"x.csv.csv", "x.csv.csv y.csv.csv"},
                                {"SEVN4.csv", "SEVN1.csv SEVN2.csv SEVN3.csv SEVN4.csv SEVN5.csv SEVN6.csv SEVN7.csv"},
                                {"ATE1.csv", "There are more than seven map sheets for this county. CSV Input Error"},
-                               {"gone/A1.csv", folder.file("gone") + ": No such file or directory File Error"}};
+                               {"gone/A1.csv", folder.file("gone") + ": No such file or directory CSV Input Error"}};
   tests::expectEach(cases, [&](const std::string& name) {
-    const MapSheetSearch search = findMapSheets(folder.file(name));
-    if (search.problem) return search.problem->text + " " + search.problem->title;
+    const text::Result<MapSheetList> search = findMapSheets(folder.file(name));
+    if (!search) return search.error + " " + sheetMessage(search.error).title;
     std::string found;
-    for (const std::string& sheet : search.sheets) found += " " + sheet.substr(folder.file("").size());
+    for (const std::string& sheet : *search) found += " " + sheet.substr(folder.file("").size());
     return found.empty() ? found : found.substr(1);
   });
 }
@@ -87,8 +87,8 @@ TEST(SheetScan, NotesDataSetsHeightsAndZones) {
 
 run::RunSettings settingsOf(std::int16_t horizontal, std::int16_t vertical = 0) {
   run::RunSettings settings = tests::settingsFor(0);
-  settings.geodeticCsv.horizontal = horizontal;
-  settings.geodeticCsv.vertical = vertical;
+  settings.options.geodeticCsv.horizontal = horizontal;
+  settings.options.geodeticCsv.vertical = vertical;
   return settings;
 }
 
@@ -97,26 +97,26 @@ TEST(GeodeticCsv, ReadsAllSheetsAsOneStream) {
   run::RunSettings settings = settingsOf(1, 14);
   // Other columns than their own places, which some other field would take.
   const std::string far(17, ',');
-  settings.geodeticCsv.sheets = {
-      folder.write("1.csv", far + "GSID,NGVD29,NAD83(11)LON,NAD83(11)LAT,NAME\n" + far + "G7,812.5,93.2,45.4,HALL"),
+  settings.options.geodeticCsv.sheets = {
+      folder.write("1.csv", far + "GSID,NGVD29,NAD83(11)LON,NAD83(11)LAT,NAME\n" + far + "G7,812.5,93.15,45.3,HALL"),
       folder.write("2.csv", ""),
       folder.write("3.csv", "\n" + far + "G8,,0,45.4,NO\r\n\r\n" + far + "G9,,93.3,45.5,SURNAMES\n" + far +
-                                "G9,-1,9.5 west, 4.5 ,,,, ")};
+                                "G9,-1,9.3 west, 4.3 ,,,, ")};
   const tests::ReadFile file = tests::readFile(makeGeodeticCsvReader, "", settings, point);
-  EXPECT_EQ(file.points, "G7|HALL|45.4|93.2|812.5|0|2 G9||4.5|9.5|-1|0|5");
+  EXPECT_EQ(file.points, "G7|HALL|45.5|-93.25|812.5|0|2 G9||4.5|-9.5|-1|0|5");
   EXPECT_EQ(row(file.counts.noPoint) + " " + row(file.counts.zeroCoordinate), "2|1 1|2");
 
   // Without headings the fields are in their places; a field without its heading is there too, whatever that holds.
   settings = settingsOf(11, 13);
-  const std::string reference = station({{11, "45.6"}, {12, "93.6"}, {13, "7"}});
+  const std::string reference = station({{11, "45.3"}, {12, "93.15"}, {13, "7"}});
   for (const std::string& head : {std::string(), tests::with(kHead, kHead.find("REF_LAT") + 1, "REMARKS")})
-    EXPECT_EQ(tests::readFile(makeGeodeticCsvReader, head + reference, settings, point).points.substr(0, 22),
-              "G7|HILL|45.6|93.6|7|0|")
+    EXPECT_EQ(tests::readFile(makeGeodeticCsvReader, head + reference, settings, point).points.substr(0, 24),
+              "G7|HILL|45.5|-93.25|7|0|")
         << head;
   // Of two fields in one column the first takes it, and columns behind the last heading do not count.
   const char* const few = "NAME,NAD83(11)LAT,NAD83(11)LON\nA,45,93,9,9\n";
   EXPECT_EQ(tests::readFile(makeGeodeticCsvReader, few, settingsOf(1), point).points, "");
-  EXPECT_EQ(tests::readFile(makeGeodeticCsvReader, few, settingsOf(3), point).points, "|A|45|93|0|0|2");
+  EXPECT_EQ(tests::readFile(makeGeodeticCsvReader, few, settingsOf(3), point).points, "|A|45|-93|0|0|2");
 }
 
 TEST(GeodeticCsv, KeepsToTheZoneWhereTheTargetLiesInOne) {
@@ -132,8 +132,8 @@ TEST(GeodeticCsv, KeepsToTheZoneWhereTheTargetLiesInOne) {
     run::RunSettings settings = settingsOf(1);
     settings.targetFormat = format;
     settings.TargetProjectionCode = code;
-    settings.geodeticCsv.countyName = "Elm";
-    settings.geodeticCsv.zoneSuffix = suffix;
+    settings.options.geodeticCsv.countyName = "Elm";
+    settings.options.geodeticCsv.zoneSuffix = suffix;
     const auto name = [](const run::PointRecord& p) { return p.description; };
     EXPECT_EQ(tests::readFile(makeGeodeticCsvReader, rows, settings, name).points, names) << format << suffix;
   }
@@ -156,9 +156,9 @@ TEST(GeodeticCsv, ConvertsTheSamplesAndNamesTheSheetThatFails) {
       {unreadable, "(no file)", unreadable + ": Is a directory"},
       {tooLong, north, tooLong + ": line 2 is longer than 1 MiB"}};
   for (const auto& [second, points, message] : cases) {
-    tests::Conversion<> run(run::source::GeodeticCsv, run::target::CommaDelimited, 0);
-    run.settings.geodeticCsv = settingsOf(1, 13).geodeticCsv;
-    run.settings.geodeticCsv.sheets = {first, second};
+    tests::Conversion run(run::source::GeodeticCsv, run::target::CommaDelimited, 0);
+    run.settings.options.geodeticCsv = settingsOf(1, 13).options.geodeticCsv;
+    run.settings.options.geodeticCsv.sheets = {first, second};
     EXPECT_EQ(run.of(""), points);
     EXPECT_EQ(run.result.MessageText, message);
   }
@@ -169,4 +169,4 @@ TEST(GeodeticCsv, SurvivesDamage) {
 }
 
 }  // namespace
-}  // namespace tovak::formats
+}  // namespace tovak::formats::database

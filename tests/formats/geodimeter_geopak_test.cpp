@@ -3,21 +3,21 @@
 #include "formats/survey/geopak_writer.h"
 #include "support/format_files.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 namespace {
 
 using namespace tests;
 using run::PointRecord;
 
 const Show fields = [](const PointRecord& p) {
-  return row(p.pointNumber, p.InNorthLat, p.InEastLon, p.station, p.Elevation, p.elevationDecimals, p.sourceLine);
+  return row(p.pointNumber, p.InNorthLat, p.InEastLon, p.station, p.Elevation, p.elevationAccuracy, p.sourceLine);
 };
 
 /// What is said about a point.
 const Show remarks = [](const PointRecord& p) { return p.pointNumber + '/' + p.featureCode + '/' + p.description; };
 
 ReadFile reading(std::string_view bytes, Show show) {
-  return readFile(makeGeopakReader, bytes, {}, show);
+  return readFile(makeGeopakReader, bytes, settingsFor(4), show);
 }
 
 run::Message complaint(const std::string& text) {
@@ -94,7 +94,8 @@ TEST(GeopakReader, StopsAtANumberWithAStrayComma) {
 }
 
 TEST(GeodimeterAndGeopakWriters, WriteTheBytesOfAPoint) {
-  const PointRecord bare = pointAt(150123.4457, 500000.044);
+  PointRecord bare = pointAt(150123.4457, 500000.044);
+  bare.description = "  ";
   PointRecord full = pointAt(150123.4457, 500000.044, -9.3755);
   full.pointNumber = " 1 ";
   full.description = "A \"B\"";
@@ -120,7 +121,7 @@ TEST(GeodimeterAndGeopakWriters, WriteTheBytesOfAPoint) {
 }
 
 TEST(Geopak, TurnsAListingIntoACommandFile) {
-  Conversion<ScriptedEngine> run(run::source::GeopakPrintPoints, run::target::GeopakXy);
+  Conversion run(run::source::GeopakPrintPoints, run::target::GeopakXy, 4, ScriptedEngine::add);
   EXPECT_TRUE(run.of(sample("geopak_xy.lst"))
                   .starts_with("STO POI 101  X 2980352.432  Y 889338.282  EL 1024.638  FEA CURB  DES \"NE CORNER\"\n"
                                "STO POI 102  X 2980364.910  Y 889402.755  EL 1025.100  DES \"LID, \"OLD\" TOWN\"\n"
@@ -130,4 +131,4 @@ TEST(Geopak, TurnsAListingIntoACommandFile) {
 }
 
 }  // namespace
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

@@ -3,15 +3,16 @@
 #include "formats/gps/maptech_writer.h"
 #include "formats/gps/trimble_waypoint_writer.h"
 #include "support/format_files.h"
+#include "support/golden_rows.h"
 
-namespace tovak::formats {
+namespace tovak::formats::gps {
 namespace {
 
 using namespace tests;
 using run::PointRecord;
 
 const Show fields = [](const PointRecord& p) {
-  return row(p.pointNumber, p.description, p.InNorthLat, p.InEastLon, p.Elevation, p.elevationDecimals,
+  return row(p.pointNumber, p.description, p.InNorthLat, p.InEastLon, p.Elevation, p.elevationAccuracy,
              p.ellipsoidHeight, p.geoidHeight, p.sourceLine);
 };
 
@@ -29,39 +30,14 @@ ReadFile reading(const std::string& points, Show show = fields, std::int16_t cod
 }
 
 TEST(CoordsLog, ChecksTheHeaderAgainstTheSourceProjection) {
-  const std::string datum = "is not for the North American Datum of 1983";
-  const std::string angles = "does not contain latitudes and longitudes";
-  const std::string plane = "does not contain state plane coordinates";
-  const std::string none = "does not contain valid coordinates";
-  const std::string lambert = "Coordinate System:  1983 State Plane Lambert \n";
-  const std::string geographic = "Coordinate System:  Geographic\n";
-  const std::tuple<std::int16_t, std::string, std::string> cases[] = {
-      {0, "Datum:  NAD-83\r\n" + geographic + "Zone:    Global \n", ""},
-      {103, geographic + "Zone:  Global\n", ""},
-      {2, lambert + "Zone:  Calvadora North\n", ""},
-      {3, lambert + "Zone:  Calvadora Central\n", ""},
-      {4, lambert + "Zone:  Calvadora South\nof no system, no zone, no datum\n", ""},
-      {1, geographic + "Zone:  Nowhere\n", ""},
-      {5, "Datum:  NAD-83 \n", datum},
-      {0, lambert, angles},
-      {103, "Zone:  Calvadora South\n", angles},
-      {2, geographic, plane},
-      {2, "Zone:  Calvadora South\n", "does not contain Calvadora North state plane coordinates"},
-      {3, "Zone:  Global\n", "does not contain Calvadora Central state plane coordinates"},
-      {4, "Zone:  calvadora south\n", "does not contain Calvadora South state plane coordinates"},
-      // One line, several tags: the datum comes first, then the system.
-      {4, "Zone System Datum\n", datum},
-      {4, "Zone    Global      System\n", plane},
-      {0, "", none},
-      {0, "Datum:  NAD-83\n\nPoint\n", none},
-      {4, "POINT", none}};
-  for (const auto& [code, header, fault] : cases) {
-    const run::Message complaint = {"This Trimble Coords.log file " + fault + ".  Please correct this.",
+  for (const auto& c : goldenRows("coords_headers.txt")) {
+    const run::Message complaint = {"This Trimble Coords.log file " + c[2] + ".  Please correct this.",
                                     "Invalid Trimble Coords.log file", run::Icon::Exclamation};
-    const std::string file = header + (fault == none ? "" : kHeadings);
+    const std::string file = c[1] + (c[2] == "does not contain valid coordinates" ? "" : kHeadings);
+    const auto code = static_cast<std::int16_t>(std::stoi(c[0]));
     EXPECT_EQ(readFile(makeCoordsLogReader, file, settingsFor(code), fields).message,
-              fault.empty() ? run::Message() : complaint)
-        << header;
+              c[2] == "none" ? run::Message() : complaint)
+        << c[1];
   }
 }
 
@@ -77,26 +53,15 @@ TEST(CoordsLog, TakesABlockOfLinesAsAPoint) {
       {"1\n" + value("ELL HT=", std::string(17, '1') + "9") + value("X=", "12345678901.345x"),
        "1||0|12345678901.345|0|0|11111111111111111|0|3"}};
   expectEach(cases, [](const std::string& block) { return reading(block + "\n").points; });
-  const Case angles[] = {
-      {"45d 12m 34.5678\"", "451234.5678"},    {"45   5  4.5", "450504.5"}, {"45  5    4.5", "450504.5"},
-      {"45- 12- 34.56789012", "451234.56789"}, {"45  12", "4512"},          {"", "0"}};
-  const Show both = [](const PointRecord& p) { return p.InNorthLat == p.InEastLon ? row(p.InNorthLat) : "differ"; };
+  const Case angles[] = {{"45d 12m 34.5678\"", "45.2096021666667"}, {"45   5  4.5", "45.0845833333333"},
+                         {"45  5    4.5", "45.0845833333333"},      {"45- 12- 34.56789712", "45.2096021936111"},
+                         {"45  12", "0.753333333333333"},           {"", "0"}};
+  const Show both = [](const PointRecord& p) { return p.InNorthLat == -p.InEastLon ? row(p.InNorthLat) : "differ"; };
   expectEach(angles, [&](const std::string& text) {
     return reading("1\n" + value("LAT=", text) + value("LON=", text) + "\n", both, 103).points;
   });
   const Show name = [](const PointRecord& p) { return p.pointNumber + '|' + p.description; };
-  const Case keyed[] = {{"00011234 PIN", "1234|PIN"},
-                        {"00010000 PIN", "0001|0000 PIN"},
-                        {"0001 7A", "7A|"},
-                        {"0001", "0001|"},
-                        {"0001  12PIN", "12PI|N"},
-                        {"0001-12 PIN", "0001|-12 PIN"},
-                        {"0001123\xC3\xA4 PIN", "123\xC3\xA4|PIN"},
-                        {"R\xC3\xB6"
-                         "12HILL",
-                         "R\xC3\xB6"
-                         "12|HILL"}};
-  expectEach(keyed, [&](const std::string& line) {
+  expectRows("coords_names.txt", [&](const std::string& line) {
     return reading(line + "\n\n", name, 4, makeCoordsLogNumberInDescriptionReader).points;
   });
 }
@@ -136,9 +101,10 @@ TEST(GpsWriters, WriteTheBytesOfAPoint) {
   full.description = " A \"B\", north side ";
   full.comment = ",\"";
   run::RunSettings set = settingsFor(0, true);
-  set.delormeSymbol = "A, B";
-  set.maptechColor = "c0c0c0";
-  set.maptechSymbol = 0;
+  set.source.metres = false;
+  set.options.delorme.symbol = "A, B";
+  set.options.maptech.color = "c0c0c0";
+  set.options.maptech.symbol = 0;
   const std::tuple<MakeWriter, PointRecord, run::RunSettings, const char*> cases[] = {
       {makeTrimbleWaypointWriter, plain, settingsFor(4, false, 1), "-93.00,45.21,0.00,\"7\"\n"},
       {makeTrimbleWaypointWriter, full, settingsFor(4, false, 4), "-90,50,1000,\" 1,2 \"\n"},
@@ -153,15 +119,16 @@ TEST(GpsWriters, WriteTheBytesOfAPoint) {
 
 TEST(TrimbleWaypoints, NameAPointByTheFirstFieldThatHoldsText) {
   // The preferred field, number, description and station; then the name.
-  for (const char* texts :
-       {"PN;1;D;S;1", "PD;1;D;S;D", "ST;1;D;S;S", "ST;1;D;;1", "ST;;D;;D", "PD;1;;S;1", "PN;;;S;S", "PD;;;;",
-        "PD;1;TWELVE CHARS;;TWELVE CHAR", "PD;;\"TWELVE CHARS\";;TWELVE CHAR", "PD;;A \"B\";;A \"B", "PD;1;\";S;",
-        "PD;1;HIGHWAY \xC3\x84\xC3\x96\xC3\x9C\xC3\x9F;;HIGHWAY \xC3\x84\xC3\x96\xC3\x9C"}) {
+  for (const char* texts : {"PN;1;D;S;1", "PD;1;D;S;D", "ST;1;D;S;S", "ST;1;D;;1", "ST;;D;;D", "PD;1;;S;1", "PN;;;S;S",
+                            "PD;1;  ;S;1", "ST; ;  ;S;S", "PN; ;D;;D", "PD;;;;", "PD;1;TWELVE CHARS;;TWELVE CHAR",
+                            "PD;;\"TWELVE CHARS\";;TWELVE CHAR", "PD;;A \"B\";;A \"B", "PD;1;\";S;",
+                            "PD;1;HIGHWAY \xC3\x84\xC3\x96\xC3\x9C\xC3\x9F;;HIGHWAY \xC3\x84\xC3\x96\xC3\x9C"}) {
     run::RunSettings settings = settingsFor(4);
     PointRecord point = pointAt(1, 2);
     std::string name;
     std::istringstream in(texts);
-    for (std::string* field : {&settings.waypointName, &point.pointNumber, &point.description, &point.station, &name}) {
+    for (std::string* field :
+         {&settings.options.waypoints.name, &point.pointNumber, &point.description, &point.station, &name}) {
       std::getline(in, *field, ';');
     }
     EXPECT_EQ(written(makeTrimbleWaypointWriter, point, settings), "2.000,1.000,1000,\"" + name + "\"\n") << texts;
@@ -184,4 +151,4 @@ TEST(GpsFormats, ReadBackWhatTheyWrite) {
 }
 
 }  // namespace
-}  // namespace tovak::formats
+}  // namespace tovak::formats::gps

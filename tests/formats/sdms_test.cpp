@@ -2,8 +2,9 @@
 #include "formats/survey/sdms_writer.h"
 #include "run/projection_code.h"
 #include "support/format_files.h"
+#include "support/golden_rows.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 namespace {
 
 using namespace tests;
@@ -14,35 +15,24 @@ std::string points(std::string_view bytes, Show show, std::int16_t code = 4) {
 }
 
 const Show position = [](const PointRecord& p) {
-  return row(p.InNorthLat, p.InEastLon, p.Elevation, p.elevationDecimals);
+  return row(p.InNorthLat, p.InEastLon, p.Elevation, p.elevationAccuracy);
 };
 
 TEST(SdmsReader, PutsEachTagInItsPlace) {
-  const Show fields = [](const PointRecord& p) {
-    std::string text = row(p.sectionLine, p.pointNumber, p.description, p.station, p.offset, p.raField, p.comment,
-                           p.phField, p.owField, p.odField, p.geoidHeight, p.ellipsoidHeight, p.featureCode, p.figure,
-                           p.latitude, p.longitude, position(p), p.sourceLine);
-    for (std::size_t i = 0; i < p.furtherFieldCount; ++i) text += "|" + p.furtherFields[i];
-    return text;
-  };
   EXPECT_EQ(
       points("HD:NAD27\n\nAC:TP\nPN:17\nPD:HILL\nST:1+00\nOF:2\nRA:ra\nCM:FOUND\nCM:IRON "
              "PIPE\nXC:500.5\nYC:150.25\nZC:812.3\n"
              "HE:1.5x\nHG:-27\nPH:DSK\nOW:VSK\nOD:TO\nLT:451234.5\nLG:930000\nFE:MON\nFG:L1\nZQ:7\nOFFICE\nX\n"
              "AC:CP\nPH:\nYC:1\nXC:2\n",
-             fields),
-      "AC:TP|17|HILL|1+00|2|ra|FOUND IRON PIPE|DSK|VSK|TO|-27|1.5x|MON|L1|451234.5|930000|150.25|500.5|812.3|2|3|ZQ:7|"
-      "OFFICE|X AC:CP|||||||   |    |    |||||||1|2|0|0|26");
+             filledFields),
+      "E=500.5 N=150.25 OD=TO OW=VSK PH=DSK RA=ra Z=812.3 comment=FOUND IRON PIPE decimals=2 description=HILL "
+      "ellipsoid=1.5x feature=MON figure=L1 further=ZQ:7;OFFICE;X; geoid=-27 latitude=451234.5 line=3 longitude=930000 "
+      "number=17 offset=2 section=AC:TP station=1+00 E=2 N=1 line=26 section=AC:CP");
 }
 
 TEST(SdmsReader, ChoosesAmongCoordinates) {
-  const Case grid[] = {
-      {"YC:5\nXC:0\nXX:500000.12", "5|500000.12|0|0"}, {"YC:5\nXX:500000.12\nXC:499999.50", "5|499999.5|0|0"},
-      {"YY:6\nYC:5\nYC:0\nXC:1", "5|1|0|0"},           {"YY:6\nXC:1\nZC:812", "6|1|812|3"},
-      {"YC:1\nXC:2\nZC:0\nZZ:9.5", "1|2|9.5|2"},       {"YC:1\nXC:2\nZZ:9.5\nZC:0", "1|2|9.5|2"},
-      {"YC:1\nXC:2\nZC:8.25\nZZ:9.5", "1|2|8.25|1"},   {"yc:1 m\r\nXc:2e3\r\nzc:3\r", "1|2000|3|3"}};
-  expectEach(grid, [](const std::string& lines) { return points("AC:CP\n" + lines, position); });
-  EXPECT_EQ(points("AC:CP\nYC:1\nXC:2\nLT:45 12 34.5\nLG: 93 06 00", position, 103), "451234.5|930600|0|0");
+  expectRows("sdms_coordinates.txt", [](const std::string& lines) { return points("AC:CP\n" + lines, position); });
+  EXPECT_EQ(points("AC:CP\nYC:1\nXC:2\nLT:45 12 34.5\nLG: 93 06 00", position, 103), "45.2095833333333|-93.1|0|0");
 }
 
 TEST(SdmsReader, PassesOverSectionsWithoutBothCoordinates) {
@@ -101,53 +91,36 @@ TEST(SdmsWriter, ConvertsStationsAndOffsetsBetweenUnits) {
       return written(point, settings).substr(24);
     };
   };
-  const Case feet[] = {{"40+50.414 -11.482917", "ST:1+234.569\nOF:-3.500000\n"},
-                       {"1234.57  39.37 ", "ST:0+376.298\nOF:12.000000\n"},
-                       {"0+00 0", "ST:0+000.000\nOF:0.000000\n"},
-                       {"-1+23.45", "ST:-0+037.628\n"},
-                       {"PI12+34 1e3", "ST:PI12+34\nOF:1e3\n"},
-                       {"1+2+3 1+2", "ST:1+2+3\nOF:1+2\n"}};
-  expectEach(feet, toMetres(true));
-  const Case metres[] = {{"1+234.567 -3.5", "ST:40+50.41\nOF:-11.482917\n"},
-                         {"0+000.500", "ST:0+01.64\n"},
-                         {"1234+567.000", "ST:40504+08.57\n"},
-                         {"30.480", "ST:1+00.00\n"}};
-  expectEach(metres, toMetres(false));
+  expectRows("sdms_stations_in_metres.txt", toMetres(true));
+  expectRows("sdms_stations_in_feet.txt", toMetres(false));
 }
 
 TEST(Sdms, CopiesWhatIsNoPointToItsOwnKindAlone) {
-  const char* const fieldBook =
-      "$Tovak#4$ NAD27  (Meters)\nHD:NAD27\ncm:projection=Old\nCM:Units=METERS\nCM:Control survey\n\nDT:0514\n"
-      "AC:eq\nSN:1\n\n  CM:Checked\nAC:PR\nPJ:River\nAC:CP\nPN:1\nYC:10\nXC:20\nZQ:7\nZR:8\nAC:EQ\nSN:2\n"
-      "AC:NT\nCM:Rain\nZQ:8\nAC:SS\nCM:Half\nST:1+00\nAC:TP\nPN:2\nPD:HILL\nCM:note\nYC:11\nXC:21\nZC:5\n"
-      "OF:2.5\nST:1+00\nRA:ra\nTM:08\nFG:L1\nFE:MON\nHE:785.1\nHG:-27.25 m\nOD:TO 1\nOW:VSK\nPH:DSK\n"
-      "AC:CP\nPN:3\nYC:66\nXC:22\nAC:PR\nPJ:Last";
-  Conversion<ScriptedEngine> run(run::source::Sdms, run::target::Sdms);
+  const std::string fieldBook = contentsOf(TOVAK_GOLDEN_FOLDER
+                                           "/"
+                                           "field_book.sdms");
+  Conversion run(run::source::Sdms, run::target::Sdms, 4, ScriptedEngine::add);
   run.settings.adjustment = run::Adjustment::Nad83_1996;
   run.engine.refusals[66] = 7;
-  EXPECT_EQ(run.of(fieldBook),
-            "HD:NAD83(1996)\nCM:Projection=4\nCM:Units=FEET\nCM:Control survey\nDT:0514\n"
-            "AC:eq\nSN:1\nCM:Checked\nAC:PR\nPJ:River\nAC:CP\nPN:1\nYC:11.000\nXC:22.000\nZC:3.000\nZQ:7\nZR:8\n"
-            "AC:EQ\nSN:2\nAC:NT\nCM:Rain\nZQ:8\nAC:TP\nPN:2\nPH:DSK\nOW:VSK\nOD:TO 1\nYC:12.000\nXC:23.000\n"
-            "ZC:8.000\nHG:-27.250\nHE:785.100\nFE:MON\nFG:L1\nTM:08\nRA:ra\nST:1+00\nOF:2.5\n"
-            "AC:PR\nPJ:Last\n");
+  EXPECT_EQ(run.of(fieldBook), contentsOf(TOVAK_GOLDEN_FOLDER "/"
+                                                              "field_book_copied.sdms"));
   EXPECT_EQ(row(run.result.counts.converted, row(run.result.counts.zeroCoordinate)), "2|2|22");
   run.settings.targetFormat = run::target::CommaDelimited;
   EXPECT_EQ(run.of(fieldBook), "11.000,22.000,,1,3.000,,,\n12,23,HILL,2,8,-27,785,\n");
 }
 
 TEST(Sdms, NamesTheTargetInItsHeader) {
-  Conversion<ScriptedEngine> run(run::source::Sdms, run::target::Sdms, run::kUserDefinedProject);
+  Conversion run(run::source::Sdms, run::target::Sdms, run::kUserDefinedProject, ScriptedEngine::add);
   run.settings.SourceProjectionCode = 4;
   run.settings.target.metres = true;
   run.engine.project = "Bridge 9~263M";
   EXPECT_EQ(run.of("AC:CP\nYC:1\nXC:2\n"),
             "HD:NAD27 Bridge 9\nCM:Projection=263M\nCM:Units=METERS\nAC:CP\nPN:1\nYC:2.000\nXC:4.000\nZC:3.000\n");
-  Conversion<ScriptedEngine> angles(run::source::Sdms, run::target::Sdms, 0);
+  Conversion angles(run::source::Sdms, run::target::Sdms, 0, ScriptedEngine::add);
   angles.settings.SourceProjectionCode = 4;
   EXPECT_EQ(angles.of("AC:CP\nPN:A\nYC:44.9999999999\nXC:-102.0875\n"),
             "HD:NAD83\nCM:Projection=4\nAC:CP\nPN:A\nLT:460000.00000\nLG:1000515.00000\nZC:3.000\n");
 }
 
 }  // namespace
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

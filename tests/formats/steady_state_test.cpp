@@ -1,4 +1,4 @@
-// Counts allocations: a run over many points makes no more of them than a run over few.
+// Counts allocations: a run over many points makes no more of them than a run over a few.
 #include "support/format_files.h"
 
 namespace tovak::formats {
@@ -38,7 +38,11 @@ constexpr Route kRoutes[] = {
      "0001    A description that outgrows short strings\n"
      "  Y=                                          123456.123456789\n"
      "  ELL HT=                                     1234567890.12345\n\n",
-     "POINT\n\n"}};
+     "POINT\n\n"},
+    {run::source::GeodeticsSpecial, run::target::GeodeticsSpecial, 0, 4,
+     "4512345,9312345,A name that outgrows any short string,Anoka,,a remark,2\n"},
+    {run::source::LmoBatch, run::target::LmoBatch, 0, 4,
+     "930000,450000,Anoka,SPC,and a remark that outgrows any short string\n"}};
 
 std::size_t allocationsFor(int points, const Route& route) {
   std::string lines(route.head);
@@ -46,8 +50,12 @@ std::size_t allocationsFor(int points, const Route& route) {
   tests::Conversion run(route.source, route.target, route.targetCode);
   run.settings.SourceProjectionCode = route.sourceCode;
   run.settings.target.metres = true;
-  run.settings.geodeticCsv.horizontal = 1;
-  run.settings.geodeticCsv.vertical = 14;
+  run.settings.options.geodeticCsv.horizontal = 1;
+  run.settings.options.geodeticCsv.vertical = 14;
+  run.engine.projectionFromText = [](const std::string&, std::string& filled) {
+    filled = "C Anoka";
+    return std::int16_t{6};
+  };
   run.of(lines);
   EXPECT_EQ(run.result.counts.converted, static_cast<std::uint64_t>(points));
   return run.allocations;

@@ -1,4 +1,4 @@
-// A module without the function that makes an engine.
+// A module without the function that creates an engine.
 extern "C" __attribute__((visibility("default"))) int notAnEngine() {
   return 0;
 }

@@ -1,4 +1,4 @@
-// An engine of an older interface.
+// An engine with an older interface.
 #include "support/scripted_engine.h"
 
 namespace {

@@ -1,4 +1,4 @@
-// Reports against their layout: columns counted by hand, "=" alone for 76 em dashes and "-" alone for 76 hyphens.
+// Reports compared with their layout: columns counted by hand, "=" alone for 76 em dashes and "-" alone for 76 hyphens.
 #include "report/report_writer.h"
 
 #include <algorithm>
@@ -57,7 +57,7 @@ class Report : public testing::Test {
   std::string written(int points = 1) {
     text::LineWriter lines;
     using Way = text::TargetFile::Way;
-    EXPECT_TRUE(lines.open(settings.reportFileName, settings.appendReport ? Way::Append : Way::Replace));
+    EXPECT_TRUE(lines.open(settings.reportFileName, settings.appendReport ? Way::Append : Way::Replace, reportJoint));
     const auto writer = makeReportWriter({.lines = lines, .settings = settings, .heading = heading});
     EXPECT_TRUE(writer->begin());
     const std::size_t before = tests::allocationCount();
@@ -83,8 +83,8 @@ class Report : public testing::Test {
 };
 
 TEST_F(Report, FromTheKeyboardToTheScreen) {
-  settings.sourceFormat = run::source::Keyboard;
-  settings.targetFormat = run::target::ScreenOnly;
+  settings.source.fileName.clear();
+  settings.target.fileName.clear();
   settings.SourceProjectionCode = 107;
   settings.TargetProjectionCode = 103;
   settings.verticalDatum = run::VerticalDatum::Ngvd29;
@@ -143,9 +143,9 @@ TEST_F(Report, HasPagesOfFourteenPoints) {
 
   // A new report behind an earlier one begins on a new page; behind anything else it simply follows.
   settings.appendReport = true;
-  const std::string atBlockEnd = std::string(65530, 'x') + "3.280833333\n";
+  const std::string overBlocks = "3.280833333" + std::string(65529, 'x') + '\n';
   const std::pair<std::string, std::string> older[] = {
-      {full, full + "\f\n"}, {"a note\n", "a note\n"}, {"no end", "no end\n"}, {atBlockEnd, atBlockEnd + "\f\n"}};
+      {full, full + "\f\n"}, {"a note\n", "a note\n"}, {"no end", "no end\n"}, {overBlocks, overBlocks + "\f\n"}};
   for (const auto& [before, behind] : older) {
     folder.write("day.rpt", before);
     EXPECT_EQ(written(1), behind + page('1', 1)) << before.substr(0, 20);
@@ -171,7 +171,7 @@ TEST_F(Report, ShowsTheElevationOnceMoreForEachOtherHeight) {
 TEST_F(Report, SetsTransverseMercatorInFeetWideAndTextsAsTheyWereKept) {
   heading.source = heading.target = "NAD83 Universal Transverse Mercator zone 15";
   settings.SourceProjectionCode = settings.TargetProjectionCode = 1;
-  settings.accuracy = 2;
+  settings.accuracy = static_cast<text::Accuracy>(2);
   settings.source.metres = true;
   settings.target.metres = false;
   point.reportNorthing = "5040123.4";

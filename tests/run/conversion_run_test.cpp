@@ -1,9 +1,14 @@
 #include "run/conversion_run.h"
 
+#include <csignal>
+
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "run/format_index.h"
 #include "run/keyboard_reader.h"
+#include "run/projection_code.h"
+#include "run/run_messages.h"
 #include "support/scripted_engine.h"
 #include "support/scripted_person.h"
 #include "support/temporary_folder.h"
@@ -69,7 +74,6 @@ struct LinesReport final : PointWriter {
   ReportContext context;
 };
 
-constexpr std::int16_t kPacked = source::BlueBook;
 constexpr std::int16_t kForcing = source::Maptech;
 
 /// Formats of lines; those that the run itself knows by name have their places.
@@ -80,16 +84,23 @@ std::vector<SourceFormat> sources() {
                               }};
   std::vector<SourceFormat> formats(14, lines);
   formats[source::Keyboard] = {.name = "keyboard", .kind = SourceKind::Keyboard, .makeReader = makeKeyboardReader};
-  formats[kPacked].packedAngles = true;
-  formats[kForcing].prepare = [](RunSettings& settings) {
-    settings.latLongForm = AngleForm::DecimalDegrees;
-    settings.sourceDelimited.fieldCodes = " 0~";
+  formats[kForcing].prepare = [](RunSettings& settings) { settings.sourceDelimited.fieldCodes = " 0~"; };
+  formats[source::GeodeticsSpecial] = {.name = "agency",
+                                       .kind = SourceKind::AgencyRun,
+                                       .exportFile =
+                                           [](const ExportContext& c) {
+                                             c.message = {"exported", "Agency", Information};
+                                             return c.targetIsPartner;
+                                           },
+                                       .partner = AgencyPartner{.format = target::GeodeticsSpecial}};
+  formats[kForcing].forcedForm = AngleForm::DecimalDegrees;
+  formats[source::GeodeticCsv].fromDatabase = true;
+  formats[source::GeodeticCsv].missingChoice = [](const RunSettings& settings) -> std::optional<Message> {
+    if (settings.options.geodeticCsv.horizontal != 0) return std::nullopt;
+    return Message{"nothing chosen", "Choice", Exclamation};
   };
-  formats[source::GeodeticsSpecial] = {
-      .name = "agency", .kind = SourceKind::AgencyRun, .exportFile = [](const ExportContext& c) {
-        c.message = {"exported", "Agency", Information};
-        return c.settings.targetFormat == target::GeodeticsSpecial;
-      }};
+  formats[source::GeodeticCsv].forcedUnit = LengthUnit::usSurveyFeet;
+  formats[source::GeodeticCsv].forcedForm = AngleForm::DegreesMinutesSeconds;
   return formats;
 }
 
@@ -102,7 +113,9 @@ std::vector<TargetFormat> targets() {
   formats[target::ScreenOnly] = {.name = "screen", .kind = TargetKind::Screen};
   formats[target::GeodeticsSpecial].kind = TargetKind::AgencyRun;
   formats[target::TrimbleWaypoints].options = TargetOptions::TrimbleWaypoints;
+  formats[target::TrimbleWaypoints].latLongQuestion = messages::waypointsInLatLong;
   formats[target::WayPointsPlus].fileNameEnding = ".txt";
+  formats[target::WayPointsPlus].fileNameQuestion = messages::changeFileName;
   formats[target::GeopakXy].closingLine = "$ END";
   return formats;
 }
@@ -134,7 +147,7 @@ class ConversionRun : public testing::Test {
                                  },
                                  .version = "1.2.3",
                                  .today = text::today};
-    return convert(settings, engine, {.sources = from, .targets = to, .report = report}, person);
+    return convert(settings, engine, {.sources = from, .targets = to, .report = report}, person.audience());
   }
   void enableReport() {
     settings.reportEnabled = true;
@@ -168,7 +181,12 @@ TEST_F(ConversionRun, CarriesEachPointThroughTheEngineAndSkipsWhatItRefuses) {
                              .title = "TovakX Conversion Error",
                              .detail = "line 3 of " + folder.file("in"),
                              .ofOnePoint = true};
-    const std::vector<Message> messages = {refused, {"Output File Written", "Finished", Information}};
+    const std::vector<Message> messages = {refused,
+                                           {.text = "Output File Written",
+                                            .title = "Finished",
+                                            .icon = Information,
+                                            .detail = "3 records read: 2 converted, 1 skipped (1 by the engine; first "
+                                                      "in line 3: refused with 8), 0 passed over"}};
     EXPECT_EQ(person.shown, batch == 0 ? messages : std::vector<Message>{});
   }
 }
@@ -183,15 +201,11 @@ TEST_F(ConversionRun, NumbersPointsThatHaveNoNumber) {
   EXPECT_EQ(target(), file(" 2 3 3\n") + "$ END\n");
 }
 
-TEST_F(ConversionRun, BringsAnglesToDecimalDegreesWestNegative) {
+TEST_F(ConversionRun, HandsCoordinatesAndTheFormToTheEngine) {
   const std::tuple<std::int16_t, AngleForm, std::int16_t, const char*, const char*> cases[] = {
-      {1, AngleForm::DecimalDegrees, 0, "45.5 93.25 A", "45.50 -93.25 D"},
       {1, AngleForm::DecimalDegrees, 103, "45.5 -93.25 A", "45.50 -93.25 D"},
-      {1, AngleForm::DegreesDecimalMinutes, 0, "4530 9315 A", "45.50 -93.25 S"},
-      {1, AngleForm::DegreesMinutesSeconds, 0, "453000 93.15 A", "45.50 -93.25 S"},
-      {kPacked, AngleForm::DecimalDegrees, 0, "453000 931500 A", "45.50 -93.25 D"},
-      {kForcing, AngleForm::DegreesMinutesSeconds, 0, "45.5 93.25 A", "45.50 -93.25 D"},
-      // Northings and eastings keep their value and sign.
+      {1, AngleForm::DegreesDecimalMinutes, 0, "45.5 -93.25 A", "45.50 -93.25 S"},
+      {kForcing, AngleForm::DegreesMinutesSeconds, 0, "45.5 -93.25 A", "45.50 -93.25 D"},
       {1, AngleForm::DegreesMinutesSeconds, 104, "4599 93 A", "4599.00 93.00 S"}};
   for (const auto& [format, form, code, line, expected] : cases) {
     settings.sourceFormat = format;
@@ -208,22 +222,13 @@ TEST_F(ConversionRun, BringsAnglesToDecimalDegreesWestNegative) {
   }
 }
 
-TEST_F(ConversionRun, SkipsAnglesOf60MinutesLikePointsTheEngineRefuses) {
-  settings.SourceProjectionCode = 0;
-  const RunResult result = run("456000 930000 A\n450000 93.0060 B\n450000 930000 C\n");
-  EXPECT_TRUE(result.counts.refusedAngle.count == 2 && result.counts.converted == 1);
-  EXPECT_TRUE(result.counts.firstSkippedLine == 2 && person.shown[0].title == "TovakX Conversion Error");
-}
-
 TEST_F(ConversionRun, RefusesBeforeAnythingIsTouched) {
   const std::tuple<std::int16_t, std::int16_t, Message> cases[] = {
       {source::GeodeticsSpecial, 1, {"exported", "Agency", Information}},
       {1,
        target::GeodeticsSpecial,
        {"The source format must be the one that goes with this target.", "Invalid source", Exclamation}},
-      {source::GeodeticCsv,
-       1,
-       {"You must select a horizontal reference option.", "CSV Input Error", Exclamation, "lstHorizontal"}},
+      {source::GeodeticCsv, 1, {"nothing chosen", "Choice", Exclamation}},
       {1, target::ScreenOnly, {"Reports are Disabled", "Warning", Exclamation}}};
   for (const auto& [from, to, message] : cases) {
     settings.sourceFormat = from;
@@ -245,17 +250,45 @@ TEST_F(ConversionRun, RefusesBeforeAnythingIsTouched) {
   }
 }
 
-TEST_F(ConversionRun, AsksForTheZoneOfADatabaseThatHasZones) {
+TEST_F(ConversionRun, NeedsTheNamesOfItsFiles) {
+  settings.target.fileName.clear();
+  for (const std::int16_t format : {source::CommaDelimited, source::GeodeticsSpecial}) {
+    settings.sourceFormat = format;
+    settings.source.fileName = "in";
+    EXPECT_EQ(convertSource().MessageText, "Target File Was Not Specified.");
+    settings.source.fileName.clear();
+    EXPECT_EQ(convertSource().MessageText, "Source File Was Not Specified.");
+    EXPECT_EQ(person.shown.back().focus, "txtSourceFile");
+  }
+}
+
+TEST_F(ConversionRun, KeepsAnOlderTargetWhenNoPointWasConverted) {
+  engine.refusals = {{30, 8}};
+  enableReport();
+  const std::string out = settings.target.fileName, kept = "No point was converted; " + out + " was left as it was.";
+  const std::tuple<std::string, RunOutcome, std::string> cases[] = {
+      {"", RunOutcome::Finished, kept + "|0 records read"},
+      {"30 40 B\n", RunOutcome::Finished, kept + "|1 record read"},
+      {"30 40 B\nbroken\n", RunOutcome::Stopped, "broken|" + kept + "\n1 record read"}};
+  for (const auto& [points, outcome, said] : cases) {
+    EXPECT_EQ(run(points).outcome, outcome);
+    EXPECT_TRUE((person.shown.back().text + '|' + person.shown.back().detail).starts_with(said)) << said;
+    EXPECT_EQ(target(), "old");
+  }
+  EXPECT_NE(report().find("B refused with 8"), std::string::npos) << "the report is not touched by this";
+  settings.target.fileName = folder.file("new");
+  EXPECT_EQ(run("30 40 B\n").target, TargetState::Written);
+  EXPECT_EQ(target(), file(""));
+}
+
+TEST_F(ConversionRun, SettlesUnitAndFormOfADatabase) {
   settings.sourceFormat = source::GeodeticCsv;
-  settings.geodeticCsv.horizontal = 1;
-  settings.geodeticCsv.zonesOffered = true;
-  run("");
-  EXPECT_EQ(person.shown.back().text + person.shown.back().focus, "You must select a county zone.lstCsvZone");
-  settings.geodeticCsv.zoneSuffix = " - North";
+  settings.options.geodeticCsv.horizontal = 1;
   settings.SourceProjectionCode = 103;
   settings.source.metres = true;
   run("450000 930000 A");
   EXPECT_EQ(engine.calls.back().source, "103");
+  EXPECT_FALSE(settings.source.metres) << "the sheets are in feet";
 }
 
 TEST_F(ConversionRun, KeepsTheOldTargetWhenAFileIsOfNoUse) {
@@ -292,6 +325,7 @@ TEST_F(ConversionRun, KeepsThePointsSoFarWhenAMessageStopsIt) {
 }
 
 TEST_F(ConversionRun, CompletesTheFileNameItsTargetNeeds) {
+  settings.TargetProjectionCode = kLatLongNad83;
   settings.targetFormat = target::WayPointsPlus;
   const std::string plain = settings.target.fileName;
   person.answer = false;
@@ -352,9 +386,9 @@ TEST_F(ConversionRun, TakesUserDefinedProjectsFromTheEngine) {
   settings.SourceProjectionCode = 2;
   settings.TargetProjectionCode = 263;
   engine.project = "None Selected";
-  EXPECT_TRUE(finishes());
-  EXPECT_EQ(engine.calls.back().target, "");
-  EXPECT_EQ(target().find("$Tovak#$ NAD27 None Selected (Feet)\n"), 0U);
+  engine.refusals[0] = 10;
+  EXPECT_FALSE(finishes());
+  EXPECT_EQ(person.shown.back().text, "The user-defined project cannot be used.\nrefused with 10");
 }
 
 TEST_F(ConversionRun, TurnsInteractiveOnTheFirstMessageOfBatchModeOne) {
@@ -366,6 +400,11 @@ TEST_F(ConversionRun, TurnsInteractiveOnTheFirstMessageOfBatchModeOne) {
     EXPECT_EQ(person.shown.size(), hasWindow ? 1U : 0U);
     EXPECT_EQ(settings.BatchMode, hasWindow ? 0 : 1);
   }
+}
+
+TEST_F(ConversionRun, TellsItsProgress) {
+  run(std::string(8200, '\n'));
+  EXPECT_EQ(person.progressTold, (std::vector<std::uint64_t>{4096, 8192}));
 }
 
 TEST_F(ConversionRun, FillsTheGridWithTheMostRecentPoints) {
@@ -382,6 +421,15 @@ TEST_F(ConversionRun, FillsTheGridWithTheMostRecentPoints) {
   EXPECT_EQ(person.gridsShown, 0);
   settings.sourceFormat = source::CommaDelimited;
   EXPECT_TRUE(finishes() && person.gridsShown == 1);
+}
+
+TEST_F(ConversionRun, TellsTheEngineWhetherResultTextsAreRead) {
+  settings.reportFileName = folder.file("report");
+  for (const bool report : {false, true, false}) {
+    settings.reportEnabled = report;
+    run("1 1 A\n");
+    EXPECT_EQ(engine.resultTexts, report);
+  }
 }
 
 TEST_F(ConversionRun, ReportsWhatBecameOfEachPointAndPrintsIt) {
@@ -402,6 +450,24 @@ TEST_F(ConversionRun, ReportsWhatBecameOfEachPointAndPrintsIt) {
     EXPECT_EQ(report(), head + told + end);
     EXPECT_EQ(person.printedFrom, printed ? std::vector<std::uint64_t>{11} : std::vector<std::uint64_t>());
   }
+}
+
+TEST_F(ConversionRun, NamesTheTargetBeforeItsReportIsPutBehindAnOlderOne) {
+  enableReport();
+  settings.appendReport = true;
+  const std::string older = folder.write("report", std::string(5000, 'o'));
+  // There is room for the target and for the new report, but not behind the older one.
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit limit = {.rlim_cur = 5010, .rlim_max = before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &limit);
+  const RunResult result = run("1 1 A\n");
+  setrlimit(RLIMIT_FSIZE, &before);
+  EXPECT_EQ(result.MessageText, older + ": File too large");
+  EXPECT_EQ(result.target, TargetState::Written);
+  EXPECT_EQ(target(), file("A 2 3 3\n"));
+  EXPECT_EQ(report(), std::string(5000, 'o'));
 }
 
 TEST_F(ConversionRun, ReplacesNeitherFileWhenOneCannotBeWritten) {

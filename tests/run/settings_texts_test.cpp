@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "run/default_numbering.h"
+#include "run/identification.h"
 #include "run/labels.h"
 #include "run/projection_box.h"
 
@@ -33,9 +34,9 @@ TEST(UnitLabels, NameUnitOrAngles) {
 TEST(ProjectionBox, AgreesWithTheUnitButtons) {
   const std::tuple<ProjectionBox, const char*, const char*> cases[] = {
       {{2, false}, "2m", "2M"},   {{2, true}, "2", "2"},          {{2, true}, "3", "3M"}, {{2, false}, "3", "3"},
-      {{4, false}, "2.5M", "2M"}, {{4, true}, "99999", "32767M"}, {{4, true}, "", "0M"}};
+      {{4, false}, "2.5M", "2M"}, {{4, true}, "99999", "32767M"}, {{4, true}, "", "-1M"}};
   for (const auto& [before, typed, expected] : cases) {
-    const ProjectionBox after = typeProjection(before, typed);
+    const ProjectionBox after = typeProjection(before, typed, false);
     EXPECT_EQ(projectionText(after.code, after.metres), expected) << "typed " << typed;
   }
 }

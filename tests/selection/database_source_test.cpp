@@ -67,15 +67,15 @@ TEST(DatabaseSource, AsksWhichSheetsAreMeantAndBecomesTheKeyboardWithoutAny) {
     if (c.sheets.empty()) continue;
     std::vector<std::string> sheets;
     for (const std::string& sheet : c.sheets) sheets.push_back(folder.file(sheet));
-    EXPECT_EQ(selections.run.geodeticCsv.sheets, sheets);
+    EXPECT_EQ(selections.run.options.geodeticCsv.sheets, sheets);
     EXPECT_EQ(databaseFileText(selections), folder.file(c.file) + c.shownBehind);
   }
 }
 
 TEST(DatabaseSource, OffersWhatTheSheetsHaveAndTakesTheChoices) {
   Selections selections;
-  run::GeodeticCsvChoice& choice = selections.run.geodeticCsv;
-  formats::SheetScan scan;
+  run::GeodeticCsvChoice& choice = selections.run.options.geodeticCsv;
+  formats::database::SheetScan scan;
   fillDatabaseLists(selections, scan);
   EXPECT_EQ(textsOf(selections.horizontals) + textsOf(selections.verticals) + textsOf(selections.countyZones),
             "Reference Coords.|");

@@ -1,4 +1,4 @@
-/// An environment variable that has a value of the test's own until the end of its scope.
+/// An environment variable that has a value set by the test until the end of its scope.
 #pragma once
 
 #include <optional>

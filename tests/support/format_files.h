@@ -1,24 +1,23 @@
-/// What the tests of point file formats share: files made of bytes, and points told in one line of text.
+/// What the tests of point file formats share: files made of bytes, and points as one line of text.
 #pragma once
 
 #include <cmath>
-#include <iomanip>
-#include <locale>
 #include <span>
 #include <sstream>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include <gtest/gtest.h>
 
 #include "formats/format_tables.h"
 #include "run/conversion_run.h"
 #include "run/format_index.h"
+#include "run/projection_code.h"
 #include "support/allocation_counter.h"
+#include "support/row.h"
+#include "support/scripted_engine.h"
 #include "support/scripted_person.h"
 #include "support/temporary_folder.h"
-#include "support/unchanging_engine.h"
 
 namespace tovak::tests {
 
@@ -26,17 +25,6 @@ using MakeReader = decltype(run::SourceFormat::makeReader);
 using MakeWriter = decltype(run::TargetFormat::makeWriter);
 /// What a test tells of a point.
 using Show = std::string (*)(const run::PointRecord&);
-
-/// Values as one text, "|" between them.
-template <typename... Values>
-std::string row(const Values&... values) {
-  std::ostringstream out;
-  out.imbue(std::locale::classic());  // the tests set the global one to that of their environment
-  out << std::setprecision(15);
-  const char* separator = "";
-  ((out << std::exchange(separator, "|") << values), ...);
-  return out.str();
-}
 
 inline std::string row(const run::Tally& tally) {
   return row(tally.count, tally.firstLine);
@@ -57,7 +45,7 @@ inline run::RunSettings settingsFor(std::int16_t code, bool metres = false, int 
   run::RunSettings settings;
   settings.SourceProjectionCode = settings.TargetProjectionCode = code;
   settings.source.metres = settings.target.metres = metres;
-  settings.accuracy = accuracy;
+  settings.accuracy = static_cast<text::Accuracy>(accuracy);
   return settings;
 }
 
@@ -65,6 +53,7 @@ struct ReadFile {
   std::string points = {};  ///< what is told of each, a blank between them, and a word for an end that is none
   run::Message message = {};
   run::RecordCounts counts = {};
+  run::DoubtFlags doubts = {};  ///< about any of the points
   std::string name;
 };
 
@@ -73,9 +62,15 @@ inline ReadFile readFile(MakeReader make, std::string_view bytes, run::RunSettin
   ReadFile file{.name = folder.write("points", bytes)};
   text::LineReader lines;
   lines.open(file.name);
-  ScriptedPerson person;
   const auto reader =
-      make({.lines = lines, .settings = settings, .counts = file.counts, .person = person, .message = file.message});
+      make({.lines = lines,
+            .settings = settings,
+            .counts = file.counts,
+            .doubts = file.doubts,
+            .message = file.message,
+            .oneCountyZone =
+                formats::formatTables().targets[static_cast<std::size_t>(settings.targetFormat)].oneCountyZone ||
+                settings.TargetProjectionCode >= run::kFirstNeighbouringZone});
   if (!reader->check()) return file;
   run::PointRecord point;
   while (true) {
@@ -85,7 +80,7 @@ inline ReadFile readFile(MakeReader make, std::string_view bytes, run::RunSettin
     if (state == run::ReadState::Stopped) file.points += "stopped";
     if (state == run::ReadState::EndedEarly) file.points += "ended";
     if (state != run::ReadState::Point) break;
-    file.points += show(point);
+    file.points += point.refusal.empty() ? show(point) : "refused";
   }
   return file;
 }
@@ -94,12 +89,46 @@ inline std::string number(const run::PointRecord& p) {
   return p.pointNumber;
 }
 
-/// The fields that layouts in fixed columns fill.
-inline std::string columnFields(const run::PointRecord& p) {
-  return row(p.pointNumber, p.description, p.InNorthLat, p.InEastLon, p.Elevation, p.elevationDecimals, p.classCode,
-             p.code, p.phField, p.owField, p.odField, p.trailerGroup, p.station, p.raField, p.alignmentPoint,
-             p.reportNorthing, p.reportEasting, p.geoidHeight, p.ellipsoidHeight, p.heightRemark, p.oblique,
-             p.verticalDatum88);
+/// "name=value" of each field that a reader has filled with anything but its default.
+inline std::string filledFields(const run::PointRecord& point) {
+  const auto values = [](const run::PointRecord& p) {
+    Values all = {{"number", p.pointNumber},
+                  {"description", p.description},
+                  {"station", p.station},
+                  {"offset", p.offset},
+                  {"RA", p.raField},
+                  {"comment", p.comment},
+                  {"ellipsoid", p.ellipsoidHeight},
+                  {"geoid", p.geoidHeight},
+                  {"latitude", p.latitude},
+                  {"longitude", p.longitude},
+                  {"feature", p.featureCode},
+                  {"figure", p.figure},
+                  {"PH", p.phField},
+                  {"OW", p.owField},
+                  {"OD", p.odField},
+                  {"rest", p.anythingElse},
+                  {"code", p.code},
+                  {"class", p.classCode},
+                  {"trailer", p.trailerGroup},
+                  {"section", p.sectionLine},
+                  {"reportN", p.reportNorthing},
+                  {"reportE", p.reportEasting},
+                  {"alignment", row(p.alignmentPoint)},
+                  {"decimals", row(p.elevationAccuracy)},
+                  {"N", row(p.InNorthLat)},
+                  {"E", row(p.InEastLon)},
+                  {"Z", row(p.Elevation)},
+                  {"line", row(p.sourceLine)}};
+    for (std::size_t i = 0; i < p.attributes.size(); ++i) all["attribute" + row(i + 1)] = p.attributes[i];
+    for (std::size_t i = 0; i < p.furtherFields.size(); ++i)
+      all["further"] += (i < p.furtherFieldCount ? p.furtherFields[i] : "") + ";";
+    return all;
+  };
+  run::PointRecord empty;
+  run::resetPoint(empty);
+  empty.furtherFields.resize(point.furtherFields.size());
+  return changes(values(empty), values(point));
 }
 
 /// A record with other characters from a column on.
@@ -121,8 +150,8 @@ inline void expectSameWhenPadded(MakeReader make, const std::string& before, con
   for (std::size_t length = 1; length <= 80; ++length) {
     const std::string cut = before + line.substr(0, length);
     const std::string padded = cut + std::string(80 - length, ' ') + "OBLIQUE beyond";
-    EXPECT_EQ(readFile(make, cut, settings, columnFields).points,
-              readFile(make, padded, settings, columnFields).points);
+    EXPECT_EQ(readFile(make, cut, settings, filledFields).points,
+              readFile(make, padded, settings, filledFields).points);
   }
 }
 
@@ -161,9 +190,10 @@ inline run::PointRecord pointAt(double northing, double easting, double elevatio
 inline std::string written(MakeWriter make, const run::PointRecord& point, const run::RunSettings& settings,
                            int times = 1) {
   const TemporaryFolder folder;
+  run::DoubtFlags doubts;
   text::LineWriter lines;
   EXPECT_TRUE(lines.open(folder.file("out")));
-  const auto writer = make({.lines = lines, .settings = settings, .targetSystem = {}});
+  const auto writer = make({.lines = lines, .settings = settings, .doubts = doubts, .targetSystem = {}});
   EXPECT_TRUE(writer->begin());
   for (int i = 0; i < times; ++i) EXPECT_TRUE(writer->write(point));
   EXPECT_TRUE(writer->end() && lines.commit());
@@ -175,9 +205,12 @@ inline std::string sample(const char* name) {
 }
 
 /// Whole runs from one file into another.
-template <typename Engine = UnchangingEngine>
 struct Conversion {
-  Conversion(std::int16_t source, std::int16_t target, std::int16_t code = 4) : settings(settingsFor(code)) {
+  Conversion(std::int16_t source, std::int16_t target, std::int16_t code = 4,
+             ScriptedEngine::Arithmetic arithmetic = ScriptedEngine::leave)
+      : settings(settingsFor(code)) {
+    engine.arithmetic = std::move(arithmetic);
+    engine.keepsCalls = false;
     settings.sourceFormat = source;
     settings.targetFormat = target;
     settings.target.projectionText = "4";
@@ -191,14 +224,14 @@ struct Conversion {
     settings.target.fileName = folder.file("out");
     ScriptedPerson person;
     const std::size_t before = allocationCount();
-    result = run::convert(settings, engine, formats::formatTables(), person);
+    result = run::convert(settings, engine, formats::formatTables(), person.audience());
     allocations = allocationCount() - before;
     const std::string target = contentsOf(settings.target.fileName);
     return target.substr(target.find('\n') + 1);
   }
 
   run::RunSettings settings;
-  Engine engine;
+  ScriptedEngine engine;
   run::RunResult result;
   std::size_t allocations = 0;
 };

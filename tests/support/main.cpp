@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-/// The tests run under the locale of their environment, C++ streams included: what depends on it comes out wrong under
-/// one with a decimal comma.
+/// The tests run under the locale of their environment, C++ streams included: code that depends on the locale gives
+/// wrong results under one with a decimal comma.
 int main(int count, char** arguments) {
   std::setlocale(LC_ALL, "");
   try {
@@ -15,6 +15,8 @@ int main(int count, char** arguments) {
   }
   // A test that needs a data folder has one of its own.
   setenv("APPDATA", "/dev/null", 1);
+  // PROJ's database is the one that came with the library, whatever the environment says.
+  for (const char* variable : {"PROJ_DATA", "PROJ_LIB"}) unsetenv(variable);
   testing::InitGoogleTest(&count, arguments);
   return RUN_ALL_TESTS();
 }

@@ -1,4 +1,4 @@
-/// A person whose answers are written down beforehand, and who writes down what it was shown.
+/// A person whose answers are written beforehand, and who notes what was shown.
 #pragma once
 
 #include <deque>
@@ -8,7 +8,7 @@
 
 namespace tovak::tests {
 
-class ScriptedPerson final : public run::Person {
+class ScriptedPerson final : public run::Person, public run::TypedPoints, public run::Screen, public run::Progress {
  public:
   struct TypedPoint {
     std::string number;
@@ -22,11 +22,17 @@ class ScriptedPerson final : public run::Person {
   int gridsShown = 0;
   std::vector<std::uint64_t> printedFrom;
   std::vector<run::TargetOptions> optionsShown;
+  std::vector<std::uint64_t> progressTold;
 
   bool answer = true;         ///< to every question
   bool acceptOptions = true;  ///< the options dialogs are not cancelled
   bool hasWindow = false;     ///< a batch run can turn interactive
   std::deque<TypedPoint> typed;
+
+  // Room for a long run, whose allocations are counted.
+  ScriptedPerson() { progressTold.reserve(64); }
+
+  run::Audience audience() { return {.person = *this, .typedPoints = this, .screen = this, .progress = this}; }
 
   void show(const run::Message& message) override { shown.push_back(message); }
   bool confirm(const run::Message& question) override {
@@ -49,7 +55,7 @@ class ScriptedPerson final : public run::Person {
   void showRow(const run::PointRecord&, bool freshGrid) override { freshGrids.push_back(freshGrid); }
   void printReport(const run::ReportHeading&, std::uint64_t start) override { printedFrom.push_back(start); }
   void showGrid() override { ++gridsShown; }
-  void progress(std::uint64_t) override {}
+  void progress(std::uint64_t records) override { progressTold.push_back(records); }
 };
 
 }  // namespace tovak::tests

@@ -1,16 +1,15 @@
-/// Finding the controls of a window by their names, and answering the boxes that it opens.
+/// Finding the controls of a window by their names, and using them as a person does.
 #pragma once
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
-#include <QTimer>
-#include <functional>
+#include <QTest>
 
 #include <gtest/gtest.h>
+
+#include "support/print_qt.h"
 
 namespace tovak::tests {
 
@@ -28,30 +27,21 @@ inline QLineEdit& box(const QWidget& window, const char* name) {
 inline void press(const QWidget& window, const char* button) {
   control<QAbstractButton>(window, button).click();
 }
+/// Takes an entry of a list, as if by the mouse.
+inline void choose(const QWidget& window, const char* list, int index) {
+  auto& entries = control<QComboBox>(window, list);
+  entries.setCurrentIndex(index);
+  emit entries.activated(index);
+}
+/// Types over what a box shows.
+inline void type(QLineEdit& line, const char* text) {
+  line.selectAll();
+  QTest::keyClicks(&line, text);
+}
 /// A caption as the person sees it, without the mark of its key.
 inline std::string caption(const QWidget& window, const char* name) {
   QString text = control<QWidget>(window, name).property("text").toString();
   return text.remove(QLatin1Char('&')).toStdString();
-}
-
-struct ShownBox {
-  std::string title;
-  std::string text;
-  QMessageBox::Icon icon = QMessageBox::NoIcon;
-};
-
-/// What the message box that `action` opens says; it is acknowledged.
-inline ShownBox boxOpenedBy(const std::function<void()>& action) {
-  ShownBox shown;
-  QTimer::singleShot(0, [&shown] {
-    auto* const message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (message == nullptr) return;
-    shown = {message->windowTitle().toStdString(), message->text().toStdString(), message->icon()};
-    message->accept();
-  });
-  action();
-  QApplication::processEvents();
-  return shown;
 }
 
 }  // namespace tovak::tests

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-/// The main function of test programs with windows: they are drawn in memory, and the tests run under the locale of
-/// their environment as all others do.
+/// The main function of test programs with windows: they are drawn in memory, and like all others the tests run under
+/// the locale of their environment.
 int main(int count, char** arguments) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   try {

@@ -30,9 +30,64 @@ TEST(InterpretAngle, ReadsEachFormAndRefusesMinutesAndSecondsFrom60) {
       Row(45.595999999, S, degrees(45, 59, 59.99999)), Row(0.0001, S, degrees(0, 0, 1)), Row(456000, S, kNone),
       Row(451260, S, kNone), Row(45.60, S, kNone), Row(45.1260, S, kNone)};
   for (const auto& [value, form, expected] : cases) {
-    const std::optional<double> angle = interpretAngle(value, form);
-    EXPECT_NEAR(angle.value_or(kNone), expected, 1e-12) << std::to_string(value) << static_cast<char>(form);
+    const AngleReading angle = interpretAngle(value, form);
+    EXPECT_NEAR(angle.fault == AngleFault::None ? angle.degrees : kNone, expected, 1e-12)
+        << std::to_string(value) << static_cast<char>(form);
   }
+}
+
+TEST(ReadAngle, TakesAnglesAsPeopleWriteThem) {
+  // The text, the angle whatever the form; or with a number alone that of packed ones.
+  const std::pair<const char*, double> cases[] = {{"45-12-34.5", degrees(45, 12, 34.5)},
+                                                  {"45:12:34.5", degrees(45, 12, 34.5)},
+                                                  {"45\xC2\xB0"
+                                                   "12'34.5\"",
+                                                   degrees(45, 12, 34.5)},
+                                                  {"45\xB0 12' 34.5\" N", degrees(45, 12, 34.5)},
+                                                  {"45\xC2\xB0 12\xE2\x80\xB2 34.5\xE2\x80\xB3", degrees(45, 12, 34.5)},
+                                                  {" 45 12 34.5 ", degrees(45, 12, 34.5)},
+                                                  {"45 3 15.5", degrees(45, 3, 15.5)},
+                                                  {"45d12m34.5s", degrees(45, 12, 34.5)},
+                                                  {"45D 12M 34.5S N", degrees(45, 12, 34.5)},
+                                                  {"n45 12 34.5", degrees(45, 12, 34.5)},
+                                                  {"45 12.5", degrees(45, 12.5, 0)},
+                                                  {"45-12", degrees(45, 12, 0)},
+                                                  {"-45-12-30", -degrees(45, 12, 30)},
+                                                  {"45.5\xC2\xB0", 45.5},
+                                                  {"451234.5 N", degrees(45, 12, 34.5)},
+                                                  {"4512 34.5", degrees(45, 12, 34.5)}};
+  std::string scratch;
+  for (const auto& [text, expected] : cases) {
+    const bool numberAlone = std::string_view(text).starts_with("4512");
+    for (const AngleForm form : {S, D, M}) {
+      if (numberAlone && form != S) continue;
+      const AngleReading angle = readAngle(text, form, AngleAxis::Latitude, scratch);
+      EXPECT_EQ(angle.fault, AngleFault::None) << text;
+      EXPECT_FALSE(angle.textBehind) << text;
+      EXPECT_NEAR(angle.degrees, expected, 1e-12) << text << static_cast<char>(form);
+    }
+  }
+}
+
+TEST(ReadAngle, RefusesOrDoubtsTheRest) {
+  const std::tuple<const char*, AngleFault, bool> cases[] = {{"45 12 34.5S", AngleFault::OtherHemisphere, false},
+                                                             {"W45 12 34.5", AngleFault::OtherHemisphere, false},
+                                                             {"45-60-00", AngleFault::NotBelow60, false},
+                                                             {"45 12 60", AngleFault::NotBelow60, false},
+                                                             {"1e999", AngleFault::TooLarge, false},
+                                                             {"45-12-34-5", AngleFault::None, true},
+                                                             {"45.5O4", AngleFault::None, true},
+                                                             {"45,5", AngleFault::None, true},
+                                                             {"", AngleFault::None, false},
+                                                             {"Latitude", AngleFault::None, false}};
+  std::string scratch;
+  for (const auto& [text, fault, behind] : cases) {
+    const AngleReading angle = readAngle(text, D, AngleAxis::Latitude, scratch);
+    EXPECT_EQ(angle.fault, fault) << text;
+    EXPECT_EQ(angle.textBehind, behind) << text;
+  }
+  EXPECT_EQ(readAngle("93-12-30 W", D, AngleAxis::Longitude, scratch).fault, AngleFault::None);
+  EXPECT_EQ(readAngle("93-12-30 E", D, AngleAxis::Longitude, scratch).fault, AngleFault::OtherHemisphere);
 }
 
 TEST(SplitAngle, RoundsOnceBeforeItSplits) {

@@ -40,7 +40,38 @@ TEST(LeadingNumber, IsTheLongestAtTheHead) {
     EXPECT_EQ(parseLeadingNumber(text).value, value) << text;
     EXPECT_EQ(parseLeadingNumber(text).length, length) << text;
   }
-  EXPECT_EQ(leadingNumber(std::string(400, '1')), kInfinity);
+}
+
+TEST(LeadingNumber, IsTheNearestDouble) {
+  const std::string zeros(400, '0');
+  const std::pair<std::string, double> cases[] = {
+      // Exact in one step, next to the largest whole number that is, and beyond.
+      {"47.009838922", 47.009838922},
+      {"-0.001", -0.001},
+      {"1e22", 1e22},
+      {"1e23", 1e23},
+      {"9007199254740993", 0x1p53},
+      {"9007199254740993.000000000000000000001", 0x1.0000000000001p53},
+      {"0.000000000000000000000001", 1e-24},
+      {"618227.913935318852", 618227.9139353188},
+      {"4.9e-324", 0x1p-1074},
+      {"1.7976931348623157e308", 0x1.fffffffffffffp1023},
+      // Leading zeros and exponents that belong together.
+      {zeros + "7.25", 7.25},
+      {"." + zeros + "5e401", 5.0},
+      {"5" + zeros + "e-400", 5.0},
+      // Too large and too small for a double, whatever the first digits and the exponent look like.
+      {"0" + std::string(310, '9'), kInfinity},
+      {"-" + std::string(400, '1'), -kInfinity},
+      {"1e999", kInfinity},
+      {"1" + zeros + "e-10", kInfinity},
+      {"." + zeros + "1e10", 0.0},
+      {"0e999", 0.0},
+      {"1e-99999999999999999999", 0.0}};
+  for (const auto& [text, value] : cases) {
+    EXPECT_EQ(parseLeadingNumber(text).value, value) << text;
+    EXPECT_EQ(parseLeadingNumber(text).length, text.size()) << text;
+  }
 }
 
 TEST(ThousandsNumber, TakesGroupsOfThreeDigits) {
@@ -72,15 +103,20 @@ TEST(FormatPrecision, RoundsAndPrints) {
                        Row(150050.0, 5, "150000"), Row(9007199254740.5, 0, "9007199254740.500"),
                        Row(9007199254740993.0, 0, "9007199254740992.000"), Row(-1e22, 1, "-10000000000000000000000.00"),
                        Row(kInfinity, 0, ""), Row(-std::nan(""), 5, "")};
-  for (const auto& [value, code, text] : cases)
-    EXPECT_EQ(formatPrecision(value, code), text) << value << " code " << code;
+  for (const auto& [value, code, text] : cases) {
+    std::string out;
+    formatPrecision(out, value, static_cast<Accuracy>(code));
+    EXPECT_EQ(out, text) << value << " code " << code;
+  }
 }
 
-TEST(MissingDecimals, CountsWhatThreeDecimalsLack) {
+TEST(WrittenAccuracy, CountsWhatThreeDecimalsLack) {
   const std::tuple<std::string_view, int> cases[] = {{"123", 3},      {"123.4567", 0}, {"123.456", 0}, {"123.", 3},
                                                      {" 12.5 ft", 2}, {"-.25", 1},     {"   ", 0},     {"n/a", 0},
                                                      {"1.5e2", 2},    {"100 3.25", 3}};
-  for (const auto& [text, missing] : cases) EXPECT_EQ(missingDecimals(text), missing) << text;
+  for (const auto& [text, missing] : cases) {
+    EXPECT_EQ(static_cast<int>(writtenAccuracy(parseLeadingNumber(text))), missing) << text;
+  }
 }
 
 }  // namespace

@@ -2,12 +2,14 @@
 
 #include <csignal>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "support/temporary_folder.h"
+#include "text/file_identity.h"
 #include "text/line_writer.h"
 
 namespace tovak::text {
@@ -17,26 +19,59 @@ namespace fs = std::filesystem;
 using tests::contentsOf;
 using Names = std::vector<std::string>;
 
+using Naming = TargetFile::Naming;
+
 class TargetFileTest : public testing::Test {
  protected:
+  /// Whether the folder's file system has files without a name.
+  bool hasUnnamedFiles() const {
+    const int file = ::open(folder.path().c_str(), O_TMPFILE | O_RDWR, 0600);
+    if (file >= 0) ::close(file);
+    return file >= 0;
+  }
+
   const tests::TemporaryFolder folder;
   const std::string name = folder.write("out", "old");
 };
 
 TEST_F(TargetFileTest, AppearsWhenItIsCommittedAndNotBefore) {
-  {
-    TargetFile dropped;
-    ASSERT_TRUE(dropped.open(name) && dropped.write("new"));
-    EXPECT_EQ(folder.names().size(), 2U);
+  for (const Naming naming : {Naming::Late, Naming::Early}) {
+    folder.write("out", "old");
+    const std::size_t unfinished = naming == Naming::Late && hasUnnamedFiles() ? 1 : 2;
+    {
+      TargetFile dropped(naming);
+      ASSERT_TRUE(dropped.open(name) && dropped.write("new"));
+      EXPECT_EQ(folder.names().size(), unfinished);
+    }
+    EXPECT_EQ(contentsOf(name), "old");
+    EXPECT_EQ(folder.names(), Names{"out"});
+    TargetFile file(naming);
+    for (const bool older : {true, false}) {
+      if (!older) fs::remove(name);
+      ASSERT_TRUE(file.open(name) && file.write("new"));
+      EXPECT_EQ(file.hasOlder(), older);
+      EXPECT_EQ(contentsOf(name), older ? "old" : "(no file)");
+      ASSERT_TRUE(file.commit());
+      EXPECT_EQ(contentsOf(name), "new");
+      EXPECT_EQ(folder.names(), Names{"out"});
+    }
   }
-  EXPECT_EQ(contentsOf(name), "old");
-  EXPECT_EQ(folder.names(), Names{"out"});
+}
+
+TEST_F(TargetFileTest, WritesOpenDescriptorsAtTheirPlace) {
+  const int shell = ::open(name.c_str(), O_WRONLY | O_APPEND);
+  const std::string number = std::to_string(shell);
+  fs::create_symlink("/dev/fd/" + number, folder.path() / "link");
   TargetFile file;
-  ASSERT_TRUE(file.open(name) && file.write("new"));
-  EXPECT_EQ(contentsOf(name), "old");
-  ASSERT_TRUE(file.commit());
-  EXPECT_EQ(contentsOf(name), "new");
-  EXPECT_EQ(folder.names(), Names{"out"});
+  for (const std::string& alias : {"/dev/fd/" + number, "/proc/self/fd/" + number, folder.file("link")}) {
+    ASSERT_TRUE(file.open(alias) && file.write("+new") && file.commit()) << file.error();
+    EXPECT_TRUE(file.isDirect());
+  }
+  EXPECT_EQ(contentsOf(name), "old+new+new+new");
+  ::close(shell);
+  EXPECT_FALSE(file.open("/dev/fd/" + number));
+  EXPECT_EQ(file.error(), "/dev/fd/" + number + ": Bad file descriptor");
+  EXPECT_EQ(namedDescriptor("/dev/stdout"), 1);
 }
 
 TEST_F(TargetFileTest, KeepsPermissionsAndFollowsLinks) {
@@ -58,6 +93,9 @@ TEST_F(TargetFileTest, CarriesTheSystemsTextUnderTheGivenName) {
   fs::create_symlink("loop", folder.path() / "loop");
   const std::tuple<std::string, const char*> cases[] = {{folder.file("missing/out"), "No such file or directory"},
                                                         {folder.path().string(), "Is a directory"},
+                                                        {"", "No such file or directory"},
+                                                        {folder.file(std::string(256, 'n')), "File name too long"},
+                                                        {folder.file("out/below"), "Not a directory"},
                                                         {folder.file("loop"), "Too many levels of symbolic links"},
                                                         {"/dev/full", "No space left on device"},
                                                         {"/dev/null", nullptr}};
@@ -101,8 +139,17 @@ TEST_F(TargetFileTest, GrowsByWhatIsWrittenWhenItIsCommitted) {
   EXPECT_EQ(contentsOf(name), "old and another's new");
   EXPECT_EQ(file.start(), 18U);
 
-  ASSERT_TRUE(file.open(folder.file("later"), append) && file.write("first") && file.commit());
-  EXPECT_EQ(contentsOf(folder.file("later")) + std::to_string(file.start()), "first0");
+  // Two that were begun when there was no file: the second sees what the first has written.
+  const auto joint = [](const std::string& older) { return std::string(contentsOf(older) == "first" ? "\f" : "?"); };
+  for (const Naming naming : {Naming::Late, Naming::Early}) {
+    const std::string later = folder.file("later");
+    fs::remove(later);
+    TargetFile first(naming), second(naming);
+    ASSERT_TRUE(first.open(later, append, joint) && second.open(later, append, joint));
+    ASSERT_TRUE(second.write("second") && first.write("first") && first.commit() && second.commit());
+    EXPECT_EQ(contentsOf(later), "first\fsecond");
+    EXPECT_TRUE(first.start() == 0 && second.start() == 6);
+  }
   // The disk is full behind the older file, while the new part alone has room.
   std::signal(SIGXFSZ, SIG_IGN);
   rlimit before{};
@@ -120,13 +167,15 @@ TEST_F(TargetFileTest, GrowsByWhatIsWrittenWhenItIsCommitted) {
   EXPECT_EQ(folder.names(), (Names{"later", "out"}));
 }
 
-TEST_F(TargetFileTest, ClearsUpWhenTheProgramIsInterrupted) {
-  // A program killed outright can leave its unfinished file, so SIGKILL comes last.
-  for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP, SIGKILL}) {
-    TargetFile file, report;
+TEST_F(TargetFileTest, LeavesNothingWhenTheProgramIsKilled) {
+  for (const int signalNumber : {SIGKILL, SIGINT, SIGTERM, SIGHUP}) {
+    // Nothing takes away a file with a name when the program is killed outright.
+    const Naming naming = signalNumber == SIGKILL ? Naming::Late : Naming::Early;
+    if (signalNumber == SIGKILL && !hasUnnamedFiles()) continue;
     const pid_t child = fork();
     if (child == 0) {
       removeUnfinishedFileOnSignals();
+      TargetFile file(naming), report(naming);
       const bool open = file.open(name) && report.open(name, TargetFile::Way::Append);
       if (open && file.write("new") && report.write("new")) std::raise(signalNumber);
       _exit(1);
@@ -135,7 +184,7 @@ TEST_F(TargetFileTest, ClearsUpWhenTheProgramIsInterrupted) {
     waitpid(child, &status, 0);
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signalNumber);
     EXPECT_EQ(contentsOf(name), "old");
-    EXPECT_EQ(folder.names().size(), signalNumber == SIGKILL ? 3U : 1U);
+    EXPECT_EQ(folder.names(), Names{"out"});
   }
   TargetFile next;
   EXPECT_TRUE(next.open(name) && next.write("new") && next.commit());

@@ -15,7 +15,7 @@ namespace tovak::ui {
 namespace {
 
 using namespace tests;
-using formats::EditorPurpose;
+using formats::delimited::EditorPurpose;
 
 class FormatEditorDialog : public testing::Test {
  protected:
@@ -52,7 +52,8 @@ class FormatEditorDialog : public testing::Test {
   }
 
   const TemporaryFolder folder;
-  formats::DefinedFormats formats = {.table = {formats::standardFormat()}, .saved = {formats::standardFormat()}};
+  formats::delimited::DefinedFormats formats = {.table = {formats::delimited::standardFormat()},
+                                                .saved = {formats::delimited::standardFormat()}};
   run::RunSettings settings;
   DialogScript script;
   std::unique_ptr<frmTovakComDel> dialog;
@@ -158,7 +159,7 @@ TEST_F(FormatEditorDialog, RefusesAndFails) {
   EXPECT_EQ(contentsOf(folder.file("Tovak.cdf")), "\x01half\r\n");
   script.expect("QMessageBox", [](QDialog& question) { question.done(QMessageBox::Yes); });
   press(*dialog, "btnSaveFmts");
-  EXPECT_EQ(formats::loadDefinitions(folder.file("Tovak.cdf")).table, formats.table);
+  EXPECT_EQ(formats::delimited::loadDefinitions(folder.file("Tovak.cdf")).value, formats.table);
 }
 
 }  // namespace

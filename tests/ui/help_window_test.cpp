@@ -1,6 +1,5 @@
 #include "ui/help_window.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -8,16 +7,17 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
-#include <QToolButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
 #include <gtest/gtest.h>
 
 #include "support/temporary_folder.h"
+#include "support/widgets.h"
 
 namespace {
 
+using tovak::tests::control;
 using tovak::ui::HelpWindow;
 
 /// The window with the program's own help, open.
@@ -28,28 +28,16 @@ class HelpWindowTest : public testing::Test {
     QString problem;
     ASSERT_TRUE(window_.open(&problem)) << problem.toStdString();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
-    page_ = window_.findChild<QTextBrowser*>("page");
-    contents_ = window_.findChild<QTreeWidget*>("contents");
-    findText_ = window_.findChild<QLineEdit*>("findText");
-    findResult_ = window_.findChild<QLabel*>("findResult");
-    ASSERT_TRUE(page_ && contents_ && findText_ && findResult_);
-  }
-
-  QTreeWidgetItem* entry(const QString& title) {
-    const auto found = contents_->findItems(title, Qt::MatchExactly | Qt::MatchRecursive);
-    return found.isEmpty() ? nullptr : found.last();
   }
 
   /// The text of the line at the top of the page.
   QString lineAtTop() const { return page_->cursorForPosition({0, 4}).block().text(); }
 
-  void click(const char* button) { window_.findChild<QToolButton*>(button)->click(); }
-
   HelpWindow window_{TOVAK_HELP_FILE};
-  QTextBrowser* page_ = nullptr;
-  QTreeWidget* contents_ = nullptr;
-  QLineEdit* findText_ = nullptr;
-  QLabel* findResult_ = nullptr;
+  QTextBrowser* const page_ = &control<QTextBrowser>(window_, "page");
+  QTreeWidget* const contents_ = &control<QTreeWidget>(window_, "contents");
+  QLineEdit* const findText_ = &control<QLineEdit>(window_, "findText");
+  QLabel* const findResult_ = &control<QLabel>(window_, "findResult");
 };
 
 }  // namespace
@@ -66,21 +54,6 @@ TEST_F(HelpWindowTest, ContentsHaveEveryHeadingAndLeadThere) {
     EXPECT_EQ(lineAtTop().simplified(), (*item)->text(0));
   }
   EXPECT_GT(entries, 40);
-}
-
-TEST_F(HelpWindowTest, GoesBackForwardAndToTheTop) {
-  contents_->setCurrentItem(entry("Precision"));
-  const int precision = page_->verticalScrollBar()->value();
-  contents_->setCurrentItem(entry("Command line"));
-  click("back");
-  EXPECT_EQ(page_->verticalScrollBar()->value(), precision);
-  EXPECT_EQ(contents_->currentItem()->text(0), "Precision");
-  click("forward");
-  EXPECT_EQ(contents_->currentItem()->text(0), "Command line");
-  QTest::keyClick(page_, Qt::Key_Left, Qt::AltModifier);
-  EXPECT_EQ(contents_->currentItem()->text(0), "Precision");
-  click("top");
-  EXPECT_EQ(page_->verticalScrollBar()->value(), 0);
 }
 
 TEST_F(HelpWindowTest, ContentsFollowTheReader) {
@@ -107,12 +80,11 @@ TEST_F(HelpWindowTest, FindsTextOnThePage) {
   EXPECT_EQ(page_->textCursor().position(), first.position());
   QTest::keyClick(findText_, Qt::Key_F3);
   EXPECT_EQ(page_->textCursor().position(), second);
-  click("findPrevious");
+  tovak::tests::press(window_, "findPrevious");
   EXPECT_EQ(page_->textCursor().position(), first.position());
-}
 
-TEST_F(HelpWindowTest, FindsRoundTheEndsOfThePageAndSaysWhenThereIsNothing) {
-  findText_->setFocus();
+  // Round the ends of the page.
+  findText_->selectAll();
   QTest::keyClicks(findText_, "XDG_DATA_HOME");
   const int only = page_->textCursor().position();
   QTest::keyClick(findText_, Qt::Key_F3);
@@ -126,53 +98,6 @@ TEST_F(HelpWindowTest, FindsRoundTheEndsOfThePageAndSaysWhenThereIsNothing) {
   findText_->selectAll();
   QTest::keyClicks(findText_, "metres");
   EXPECT_EQ(findResult_->text(), "");
-}
-
-TEST_F(HelpWindowTest, ChangesTheSizeOfTheText) {
-  const double size = page_->document()->defaultFont().pointSizeF();
-  QTest::keyClick(page_, Qt::Key_Plus, Qt::ControlModifier);
-  click("larger");
-  EXPECT_GT(page_->document()->defaultFont().pointSizeF(), size + 1);
-  QTest::keyClick(page_, Qt::Key_Minus, Qt::ControlModifier);
-  QTest::keyClick(page_, Qt::Key_0, Qt::ControlModifier);
-  EXPECT_EQ(page_->document()->defaultFont().pointSizeF(), size);
-  for (int i = 0; i < 50; ++i) click("smaller");
-  EXPECT_GT(page_->document()->defaultFont().pointSizeF(), 2);
-}
-
-TEST_F(HelpWindowTest, EscapeCloses) {
-  findText_->setFocus();
-  QTest::keyClick(findText_, Qt::Key_Escape);
-  EXPECT_FALSE(window_.isVisible());
-  EXPECT_TRUE(window_.open(nullptr));
-  EXPECT_TRUE(window_.isVisible());
-}
-
-TEST_F(HelpWindowTest, KeepsItsPlaceAndStaysReadableWhenThePaletteChanges) {
-  contents_->setCurrentItem(entry("Projections and units"));
-  const int place = page_->verticalScrollBar()->value();
-  const QPalette before = QApplication::palette();
-  QPalette dark(QColor(60, 60, 64), QColor(45, 45, 48));
-  dark.setColor(QPalette::AlternateBase, QColor(52, 52, 56));
-  QApplication::setPalette(dark);
-  QCoreApplication::processEvents();
-  EXPECT_NEAR(page_->verticalScrollBar()->value(), place, 2);
-  int examples = 0;
-  for (QTextBlock block = page_->document()->begin(); block.isValid(); block = block.next()) {
-    if (block.blockFormat().background().style() == Qt::NoBrush) continue;
-    ++examples;
-    EXPECT_EQ(block.blockFormat().background().color(), dark.color(QPalette::AlternateBase));
-  }
-  QApplication::setPalette(before);
-  EXPECT_GT(examples, 20);
-}
-
-TEST_F(HelpWindowTest, EveryControlHasATipAndCanBeReachedByKeyboard) {
-  for (const QToolButton* button : window_.findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly)) {
-    EXPECT_FALSE(button->toolTip().isEmpty()) << button->objectName().toStdString();
-    EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus) << button->objectName().toStdString();
-  }
-  EXPECT_FALSE(findText_->toolTip().isEmpty() || contents_->toolTip().isEmpty());
 }
 
 TEST(HelpWindowWithoutHelp, SaysWhatIsWrongAndShowsNothing) {

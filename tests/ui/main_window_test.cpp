@@ -1,145 +1,48 @@
-#include <QApplication>
+#include "ui/main_window.h"
+
 #include <QCheckBox>
-#include <QComboBox>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMimeData>
+#include <QElapsedTimer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSettings>
-#include <QStatusBar>
 #include <QTableView>
-#include <QTest>
-#include <QTreeWidget>
-#include <QWindow>
 
-#include <gtest/gtest.h>
-
-#include "formats/delimited/built_in_formats.h"
-#include "formats/format_tables.h"
-#include "run/format_index.h"
-#include "support/dialog_script.h"
-#include "support/scripted_engine.h"
-#include "support/temporary_folder.h"
-#include "ui/tovak.h"
+#include "ui/qt_text.h"
 
 namespace tovak::ui {
 namespace {
 
 using tests::contentsOf;
 
-class NamingEngine final : public tests::ScriptedEngine {
- public:
-  std::string GetProjectionData(std::int16_t code) override {
-    if (code == 0) return "Latitude and Longitude, NAD83~0";
-    if (code == 4) return "State plane South, NAD83~4";
-    if (code == 107) return "State plane South, NAD27~107";
-    return code == 1 ? "Transverse, NAD83~1" : ScriptedEngine::GetProjectionData(code);
-  }
-};
-
-class MainWindow : public testing::Test {
- protected:
-  MainWindow() {
-    start.engine = &engine;
-    start.formatTables = formats::formatTables();
-    start.delimitedFormats = {formats::standardFormat()};
-    start.version = "1.2.3";
-    start.workingFolder = folder.path();
-  }
-
-  /// The window, with names of files and no report unless the test says otherwise.
-  frmTovak& open() {
-    window = std::make_unique<frmTovak>(start);
-    window->show();
-    return *window;
-  }
-  void presetFiles(std::string_view points) {
-    start.settings.sourceFormat = run::source::CommaDelimited;
-    start.settings.targetFormat = run::target::CommaDelimited;
-    start.settings.SourceProjectionCode = start.settings.TargetProjectionCode = 4;
-    start.settings.source.fileName = folder.write("in.csv", points);
-    start.settings.target.fileName = folder.file("out.csv");
-  }
-
-  template <typename Widget>
-  Widget& widget(const char* name) {
-    auto* const found = window->findChild<Widget*>(name);
-    EXPECT_NE(found, nullptr) << name;
-    return *found;
-  }
-  void click(const char* name) { widget<QAbstractButton>(name).click(); }
-  void choose(const char* list, int index) {
-    auto& box = widget<QComboBox>(list);
-    box.setCurrentIndex(index);
-    emit box.activated(index);
-  }
-  void type(const char* name, const char* text) {
-    auto& line = widget<QLineEdit>(name);
-    line.selectAll();
-    QTest::keyClicks(&line, text);
-  }
-  /// As a file manager does: the window finds out what lies under the pointer.
-  void drop(const char* name, const std::string& file) {
-    drop(name, QList<QUrl>{QUrl::fromLocalFile(QString::fromStdString(file))});
-  }
-  void drop(const char* name, const QList<QUrl>& addresses) {
-    QMimeData data;
-    data.setUrls(addresses);
-    const auto& box = widget<QWidget>(name);
-    const QPoint place = box.mapTo(window.get(), box.rect().center());
-    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window->windowHandle(), &enter);
-    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window->windowHandle(), &drop);
-    QApplication::processEvents();
-  }
-  std::string text(const char* name) { return widget<QLineEdit>(name).text().toStdString(); }
-  std::string status() { return window->statusBar()->currentMessage().toStdString(); }
-
-  const tests::TemporaryFolder folder;
-  NamingEngine engine;
-  app::WindowStart start;
-  std::unique_ptr<frmTovak> window;
-  tests::DialogScript dialogs;
-};
-
 TEST_F(MainWindow, ConvertsAFileThatWasChosenAndTyped) {
-  const QString source = QString::fromStdString(folder.write("in.csv", "1,2,HILL,7,3.125\n5,6,DALE,,4.125\n"));
-  open();
+  const std::string source = folder.write("in.csv", "1,2,HILL,7,3.125\n5,6,DALE,,4.125\n");
+  start.messages = {{.text = "Source File Was Not Specified.", .title = "Command Line Error"}};
+  open().completeStart();
   EXPECT_EQ(window->windowTitle(), "Tovak  Version 1.2.3");
-  dialogs.expect("QFileDialog", [&](QDialog& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "Source File Name");
-    static_cast<QFileDialog&>(dialog).selectFile(source);
-    static_cast<QFileDialog&>(dialog).findChild<QLineEdit*>()->setText(source);
-    static_cast<QFileDialog&>(dialog).QDialog::done(QDialog::Accepted);
-  });
+  dialogs.expectFile(source);
   choose("lstSourceFormat", run::source::CommaDelimited);
-  EXPECT_EQ(text("txtSourceFile"), source.toStdString());
-  dialogs.expect("QFileDialog", [](QDialog& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "Target File Name");
-    dialog.reject();
-  });
+  EXPECT_EQ(text("txtSourceFile"), source);
+  dialogs.expectFile("");
   choose("lstTargetFormat", run::target::CommaDelimited);
-  EXPECT_TRUE(dialogs.finished());
+  EXPECT_EQ(dialogs.titles, (std::vector<std::string>{"Source File Name", "Target File Name"}));
   type("txtTargetFile", folder.file("out.csv").c_str());
   type("txtSourceProjection", "4");
+  type("txtTargetProjection", "50");
+  EXPECT_EQ(text("lblTargetSystem"), "unknown projection");
   type("txtTargetProjection", "107m");
-  EXPECT_EQ(widget<QLabel>("lblTargetSystem").text(), "State plane South, NAD27");
-  EXPECT_TRUE(widget<QRadioButton>("btnTargetMetric").isChecked());
+  EXPECT_EQ(text("lblTargetSystem"), "State plane South, NAD27");
+  EXPECT_TRUE(checked("btnTargetMetric"));
   click("adj11btn");
-  if (!widget<QCheckBox>("ChkSuppress").isChecked()) click("ChkSuppress");
+  if (!checked("ChkSuppress")) click("ChkSuppress");
   click("cmdExecute");
 
   EXPECT_EQ(contentsOf(folder.file("out.csv")),
             "$Tovak#107M$ NAD27  (Meters)\n2.000,4.000,HILL,7,6.125,,,\n6.000,8.000,DALE,1,7.125,,,\n");
-  ASSERT_EQ(dialogs.boxes.size(), 2U);
-  EXPECT_EQ(dialogs.boxes[0].title, "Warning");
-  EXPECT_EQ(dialogs.boxes[1].text, "Output File Written");
-  EXPECT_EQ(engine.calls[0].source, "4");
+  ASSERT_EQ(dialogs.boxes.size(), 3U);
+  EXPECT_EQ(dialogs.boxes[0].title, "Command Line Error");
+  EXPECT_EQ(dialogs.boxes[1].title, "Warning");
+  EXPECT_EQ(dialogs.boxes[2].text, "Output File Written");
+  EXPECT_EQ(engine.calls.back().source, "4");
   EXPECT_EQ(text("txtNextNumber") + " by " + text("txtIncrement"), "2 by 1");
   EXPECT_EQ(status(), "2 records read: 2 converted, 0 skipped, 0 passed over");
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
@@ -150,7 +53,7 @@ TEST_F(MainWindow, ShowsNoFurtherErrorsOnceAskedTo) {
   presetFiles("1,2,A\n3,4,B\n5,6,C\n7,8,D\n");
   engine.refusals = {{1, 7}, {3, 7}, {5, 7}};
   open();
-  dialogs.expect("QMessageBox", [](QDialog& box) { box.accept(); });
+  dialogs.expectBox(QMessageBox::Ok);
   dialogs.expect("QMessageBox", [](QDialog& box) {
     static_cast<QMessageBox&>(box).checkBox()->setChecked(true);
     box.accept();
@@ -164,11 +67,36 @@ TEST_F(MainWindow, ShowsNoFurtherErrorsOnceAskedTo) {
   EXPECT_EQ(dialogs.boxes[2].text, "Output File Written");
   EXPECT_FALSE(dialogs.boxes[2].offersToStop);
   EXPECT_NE(status().find("1 converted, 3 skipped"), std::string::npos) << status();
-  EXPECT_EQ(window->statusBar()->toolTip().toStdString(), status());
+  EXPECT_EQ(window->statusBar()->toolTip(), plainTip(QString::fromStdString(status())));
 
   // Another run shows them again.
   click("cmdExecute");
   EXPECT_EQ(dialogs.boxes.size(), 7U);
+}
+
+TEST_F(MainWindow, TellsTheProgressOfARunAndStaysOpen) {
+  QElapsedTimer time;
+  bool told = false;
+  std::string points;
+  for (int i = 0; i < 4100; ++i) points += "1,2,A\n";
+  presetFiles(points);
+  open();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  engine.arithmetic = [&](const tests::ScriptedEngine::Point& point) {
+    QWidget& opened = *QApplication::activeWindow();
+    EXPECT_FALSE(opened.close());
+    const auto& label = tests::control<QLabel>(opened, "lblProgress");
+    // A run tells now and then, and the window paints now and then.
+    if (!time.isValid()) time.start();
+    while (time.elapsed() < 100) continue;
+    told = told || (label.isVisible() && label.text().endsWith("096 points"));
+    return tests::ScriptedEngine::add(point);
+  };
+  click("cmdExecute");
+  EXPECT_TRUE(told);
+  click("cmdClose");
+  EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(MainWindow, RestoresThePointerWhenAMessageStopsTheRun) {
@@ -179,7 +107,7 @@ TEST_F(MainWindow, RestoresThePointerWhenAMessageStopsTheRun) {
   ASSERT_EQ(dialogs.boxes.size(), 1U);
   EXPECT_EQ(dialogs.boxes[0].title, "Conflicting file names");
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-  EXPECT_TRUE(widget<QPushButton>("cmdExecute").isEnabled());
+  EXPECT_TRUE(enabled("cmdExecute"));
   EXPECT_EQ(contentsOf(folder.file("in.csv")), "1,2,A\n");
 }
 
@@ -216,56 +144,88 @@ TEST_F(MainWindow, WritesWhatTheOptionsDialogsChoose) {
 }
 
 TEST_F(MainWindow, ConvertsTypedPointsOneByOne) {
-  start.settings.SourceProjectionCode = start.settings.TargetProjectionCode = 4;
+  start.settings.SourceProjectionCode = 4;
+  start.settings.TargetProjectionCode = 0;
+  start.settings.source.metres = true;
+  start.settings.adjustment = run::Adjustment::Nad83_1996;
   start.settings.reportEnabled = true;
   start.settings.reportFileName = folder.file("day.rpt");
   open();
+  const auto convert = [this](const char* before, const char* northing, const char* easting) {
+    dialogs.expect("frmTovakInput", [=](QDialog& dialog) {
+      EXPECT_EQ(tests::box(dialog, "txtLatNorthY").text(), before);
+      tests::box(dialog, "txtLatNorthY").setText(northing);
+      tests::box(dialog, "txtLongEastX").setText(easting);
+      tests::press(dialog, "cmdConvert");
+    });
+  };
   dialogs.expect("frmTovakInput", [](QDialog& dialog) {
-    dialog.findChild<QLineEdit*>("txtLatNorthY")->setText("a hill");
-    dialog.findChild<QLineEdit*>("txtLongEastX")->setText("6");
-    dialog.findChild<QPushButton*>("cmdConvert")->click();
+    std::string labels;
+    for (const char* name :
+         {"lblLatNorthY", "lblLongEastX", "lblLatNYUnits", "lblZCUnits", "lblHGUnits", "lblHEUnits", "lblInProj"})
+      labels += tests::caption(dialog, name) + '|';
+    EXPECT_EQ(labels, "North/Y|East/X|Metric Plane Coordinates|(m)|(m)|(m)|State plane South, NAD83 : NAD83(1996)|");
+    tests::press(dialog, "cmdConvert");
   });
-  dialogs.expect("QMessageBox", [](QDialog& box) { box.accept(); });
-  dialogs.expect("frmTovakInput", [](QDialog& dialog) {
-    EXPECT_EQ(dialog.findChild<QLineEdit*>("txtLatNorthY")->text(), "a hill");
-    dialog.findChild<QLineEdit*>("txtLatNorthY")->setText("5");
-    dialog.findChild<QPushButton*>("cmdConvert")->click();
-  });
+  dialogs.expectBox(QMessageBox::Ok);
+  convert("", "a hill", "");
+  dialogs.expectBox(QMessageBox::Ok);
+  convert("a hill", "a hill", "6");
+  dialogs.expectBox(QMessageBox::Ok);
+  convert("a hill", "5", "6");
   dialogs.expect("frmTovakOutput", [](QDialog& dialog) {
     const QAbstractItemModel& rows = *dialog.findChild<QTableView*>("msfgOutput")->model();
+    EXPECT_EQ(tests::caption(dialog, "lblInProj"), "State plane South, NAD83 : NAD83(1996)");
+    EXPECT_EQ(tests::caption(dialog, "lblOutProj"), "Latitude and Longitude, NAD83 : NAD83(1996)");
     ASSERT_EQ(rows.rowCount(), 1);
-    EXPECT_EQ(rows.index(0, 4).data().toString(), "6.000");
+    EXPECT_EQ(rows.index(0, 4).data().toString(), "06 00 00.00000");
     dialog.accept();
   });
   dialogs.expect("frmTovakInput", [](QDialog& dialog) { dialog.reject(); });
   click("cmdExecute");
   EXPECT_TRUE(dialogs.finished());
-  ASSERT_EQ(dialogs.boxes.size(), 1U);
-  EXPECT_EQ(dialogs.boxes[0].title, " Tovak Keyboard Coordinate Entry");
+  std::string told;
+  for (const auto& box : dialogs.boxes) told += box.title + ": " + box.text + '\n';
+  EXPECT_EQ(told,
+            "Data entry error: Please enter a latitude or northing/Y value.\n"
+            "Data entry error: Please enter a longitude or easting/X value.\n"
+            " Tovak Keyboard Coordinate Entry: The northing/Y \"ahill\" is not a number.\n");
 }
 
-TEST_F(MainWindow, FollowsTheRulesOfTheSelections) {
-  start.settings.source.fileName = start.settings.target.fileName = "named";
+TEST_F(MainWindow, ShowsTypedPointsWithoutAReport) {
+  presetFiles("");
+  start.settings.sourceFormat = run::source::Keyboard;
   open();
-  choose("lstTargetFormat", run::target::KrvBatch);
-  EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentIndex(), run::source::KrvBatch);
-  EXPECT_FALSE(widget<QLineEdit>("txtSourceProjection").isEnabled());
-  EXPECT_TRUE(widget<QLineEdit>("txtSourceProjection").isVisible());
-  choose("lstSourceFormat", run::source::GeodeticsSpecial);
-  EXPECT_EQ(widget<QComboBox>("lstTargetFormat").currentIndex(), run::target::GeodeticsSpecial);
-  EXPECT_TRUE(widget<QRadioButton>("btnTargetMetric").isChecked());
+  dialogs.expect("frmTovakInput", [](QDialog& dialog) {
+    tests::box(dialog, "txtLatNorthY").setText("5,6");
+    tests::press(dialog, "cmdConvert");
+  });
+  dialogs.expect("frmTovakOutput", [](QDialog& dialog) { dialog.accept(); });
+  dialogs.expect("frmTovakInput", [](QDialog& dialog) { dialog.reject(); });
+  click("cmdExecute");
+  EXPECT_TRUE(dialogs.finished());
+  EXPECT_EQ(contentsOf(folder.file("out.csv")), "$Tovak#4$ NAD83  (Feet)\n6.000,8.000,,1,3.000,,,\n");
+}
 
-  choose("lstSourceFormat", run::source::Keyboard);
-  EXPECT_FALSE(widget<QLineEdit>("txtSourceFile").isEnabled());
-  type("txtSourceProjection", "50");
-  EXPECT_EQ(widget<QLabel>("lblSourceSystem").text(), "unknown projection");
-  EXPECT_NE(widget<QLabel>("lblSourceSystem").palette(), window->palette());
-  EXPECT_FALSE(widget<QWidget>("frameLLfmt").isEnabled());
-  click("btnSourceMetric");
-  EXPECT_EQ(text("txtSourceProjection"), "50M");
-  type("txtSourceProjection", "0m");
-  EXPECT_EQ(widget<QLineEdit>("txtSourceProjection").cursorPosition(), 1) << "before the mark of metres";
-  EXPECT_TRUE(widget<QWidget>("frameLLfmt").isEnabled());
+TEST_F(MainWindow, AsksBeforeAnotherFileIsReplaced) {
+  presetFiles("1,2,A\n");
+  const std::string older = folder.write("older.csv", "older\n");
+  const auto questions = [this] {
+    dialogs.boxes.clear();
+    click("cmdExecute");
+    return dialogs.boxes.size() - 1;
+  };
+  open();
+  EXPECT_EQ(questions(), 0U) << "there is none yet";
+  EXPECT_EQ(questions(), 0U) << "it is the window's own";
+  type("txtTargetFile", older.c_str());
+  dialogs.expectBox(QMessageBox::Yes);
+  EXPECT_EQ(questions(), 1U);
+  EXPECT_NE(contentsOf(older), "older\n");
+  const std::string agreed = folder.write("agreed.csv", "older\n");
+  dialogs.expectFile(agreed);
+  click("cmdTargetBrowse");
+  EXPECT_EQ(questions(), 0U) << "the file dialog has asked";
 }
 
 TEST_F(MainWindow, ReadsAndWritesWithTheFormatsChosenInTheEditor) {
@@ -278,7 +238,7 @@ TEST_F(MainWindow, ReadsAndWritesWithTheFormatsChosenInTheEditor) {
     emit names.activated(1);
     editor.findChild<QPushButton*>("btnDone")->click();
   });
-  widget<QAction>("mnuFileSourceLayout").trigger();
+  trigger("mnuFileSourceLayout");
   EXPECT_EQ(widget<QComboBox>("lstSourceLayout").currentText(), "Own");
   choose("lstTargetLayout", 1);
   click("cmdExecute");
@@ -292,27 +252,14 @@ TEST_F(MainWindow, ReadsAndWritesWithTheFormatsChosenInTheEditor) {
     editor.reject();
   });
   click("cmdTargetLayout");
-  EXPECT_EQ(widget<QComboBox>("lstTargetLayout").currentIndex(), -1);
+  EXPECT_EQ(chosen("lstTargetLayout"), -1);
   EXPECT_EQ(widget<QComboBox>("lstTargetLayout").placeholderText(), "Own (as it was chosen)");
   EXPECT_EQ(window->selections().run.targetDelimited.fieldCodes, " 3~ 0~ 1~");
   choose("lstSourceFormat", run::source::Keyboard);
-  EXPECT_FALSE(widget<QAction>("mnuFileSourceLayout").isEnabled() ||
-               widget<QPushButton>("cmdSourceLayout").isEnabled());
+  EXPECT_FALSE(enabled("mnuFileSourceLayout") || enabled("cmdSourceLayout"));
   dialogs.expect("frmTovakComDel", [](QDialog& editor) { editor.reject(); });
-  widget<QAction>("mnuToolsLayouts").trigger();
+  trigger("mnuToolsLayouts");
   EXPECT_TRUE(dialogs.finished());
-}
-
-TEST_F(MainWindow, FindsASystemByItsName) {
-  open();
-  dialogs.expect("frmTovakSystems", [](QDialog& list) {
-    EXPECT_EQ(list.findChild<QTreeWidget*>()->topLevelItemCount(), 4);
-    QTest::keyClicks(list.findChild<QLineEdit*>(), "nad27 south");
-    QTest::keyClick(list.findChild<QLineEdit*>(), Qt::Key_Return);
-  });
-  click("cmdTargetChoose");
-  EXPECT_TRUE(dialogs.finished());
-  EXPECT_EQ(text("txtTargetProjection"), "107");
 }
 
 TEST_F(MainWindow, TakesWhatADroppedFileSaysOfItself) {
@@ -323,15 +270,16 @@ TEST_F(MainWindow, TakesWhatADroppedFileSaysOfItself) {
     start.settings.sourceFormat = format;
     open();
     drop("txtSourceFile", name);
-    EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentIndex(), run::source::Keyboard);
+    EXPECT_EQ(chosen("lstSourceFormat"), run::source::CommaDelimited);
     EXPECT_EQ(text("txtSourceFile"), name);
     EXPECT_EQ(text("txtSourceProjection"), "4M");
-    EXPECT_TRUE(widget<QRadioButton>("adj96btn").isChecked());
+    EXPECT_TRUE(checked("adj96btn"));
     drop("grpSource", QList<QUrl>());
     drop("grpSource", QList<QUrl>{QUrl("https://a.place/in.csv")});
     EXPECT_EQ(text("txtSourceFile"), name) << "neither is a file";
     EXPECT_NE(status(), "");
-    drop("grpSource", folder.write("other.csv", "1,2\n"));
+    drop("grpSource", folder.write("other.txt", "words\n"));
+    EXPECT_EQ(chosen("lstSourceFormat"), run::source::Keyboard);
     EXPECT_EQ(status(), "") << "nothing was taken from this one";
   }
 }
@@ -345,24 +293,21 @@ TEST_F(MainWindow, ReadsTheDatabaseFromDroppedMapSheets) {
   presetFiles("");
   start.settings.targetFormat = run::target::GeopakNe;
   open();
-  const auto answer = [this](QMessageBox::StandardButton button) {
-    dialogs.expect("QMessageBox", [button](QDialog& box) { static_cast<QMessageBox&>(box).button(button)->click(); });
-  };
-  answer(QMessageBox::Yes);
+  dialogs.expectBox(QMessageBox::Yes);
   drop("txtSourceFile", one);
   EXPECT_EQ(dialogs.boxes.at(0).title, "Multiple Map Sheets");
   EXPECT_EQ(text("txCsvtSrcFile"), one + "  (+1 more)");
-  EXPECT_TRUE(widget<QWidget>("frameSrcCsvPrj").isVisible() && !widget<QWidget>("frameSrcMapPrj").isVisible());
-  EXPECT_TRUE(!widget<QLineEdit>("txtSourceFile").isVisible() && widget<QRadioButton>("adjNonebtn").isChecked());
+  EXPECT_TRUE(visible("frameSrcCsvPrj") && !visible("frameSrcMapPrj"));
+  EXPECT_TRUE(!visible("txtSourceFile") && checked("adjNonebtn"));
   EXPECT_EQ(widget<QComboBox>("lstCsvVertical").currentText(), "NGVD29");
-  EXPECT_TRUE(widget<QRadioButton>("btnNgvd29").isChecked() && !widget<QWidget>("frameVertical").isEnabled());
+  EXPECT_TRUE(checked("btnNgvd29") && !enabled("frameVertical"));
 
   click("cmdExecute");
   EXPECT_EQ(dialogs.boxes.back().text, "You must select a horizontal reference option.");
   EXPECT_EQ(window->focusWidget(), &widget<QComboBox>("lstHorizontal"));
   emit widget<QComboBox>("lstHorizontal").textActivated("NAD83(2011) ADJ.");
-  EXPECT_TRUE(widget<QRadioButton>("adj11btn").isChecked());
-  EXPECT_EQ(widget<QLabel>("lblCsvSource").text(), "Projection = 0    (Latitude and Longitude : NAD83)");
+  EXPECT_TRUE(checked("adj11btn"));
+  EXPECT_EQ(text("lblCsvSource"), "Projection = 0    (Latitude and Longitude : NAD83)");
   click("cmdExecute");
   EXPECT_EQ(dialogs.boxes.back().text, "You must select a county zone.");
   EXPECT_EQ(window->focusWidget(), &widget<QComboBox>("lstCsvZone"));
@@ -377,28 +322,24 @@ TEST_F(MainWindow, ReadsTheDatabaseFromDroppedMapSheets) {
   // Another sheet begins anew.
   drop("txCsvtSrcFile", lone);
   EXPECT_EQ(text("txCsvtSrcFile"), lone);
-  EXPECT_EQ(widget<QComboBox>("lstHorizontal").currentIndex(), -1);
-  answer(QMessageBox::Cancel);
+  EXPECT_EQ(chosen("lstHorizontal"), -1);
+  dialogs.expectBox(QMessageBox::Cancel);
   drop("txCsvtSrcFile", one);
-  EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentIndex(), run::source::Keyboard);
-  EXPECT_TRUE(widget<QWidget>("frameSrcMapPrj").isVisible() && dialogs.finished());
+  EXPECT_EQ(chosen("lstSourceFormat"), run::source::Keyboard);
+  EXPECT_TRUE(visible("frameSrcMapPrj") && dialogs.finished());
 }
 
 TEST_F(MainWindow, OffersAFileForTheDatabase) {
   const std::string sheet = folder.write("ELMW1.csv", "NAME");
-  for (const std::string& chosen : {std::string(), sheet, folder.write("points.txt", "")}) {
-    SCOPED_TRACE(chosen);
+  for (const std::string& file : {std::string(), sheet, folder.write("points.txt", "")}) {
+    SCOPED_TRACE(file);
     open();
-    dialogs.expect("QFileDialog", [&chosen](QDialog& dialog) {
-      dialog.findChild<QLineEdit*>()->setText(QString::fromStdString(chosen));
-      dialog.QDialog::done(chosen.empty() ? QDialog::Rejected : QDialog::Accepted);
-    });
+    dialogs.expectFile(file);
     choose("lstSourceFormat", run::source::GeodeticCsv);
-    EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentIndex(),
-              chosen == sheet ? run::source::GeodeticCsv : run::source::Keyboard);
+    EXPECT_EQ(chosen("lstSourceFormat"), file == sheet ? run::source::GeodeticCsv : run::source::Keyboard);
   }
   EXPECT_EQ(dialogs.boxes.back().text, "The source file is not a CSV file.");
-  // A sheet named on the command line is looked through once the window stands.
+  // A sheet named on the command line is searched once the window is there.
   start.settings.sourceFormat = run::source::GeodeticCsv;
   start.settings.source.fileName = sheet;
   open().completeStart();
@@ -409,35 +350,6 @@ TEST_F(MainWindow, OffersAFileForTheDatabase) {
   EXPECT_EQ(status(), "No file of the geodetic database was found.");
   drop("txtSourceFile", sheet);
   EXPECT_EQ(status(), "");
-}
-
-TEST_F(MainWindow, ShowsWhatTheProgramHasToSayAtItsStart) {
-  start.messages = {{.text = "Source File Was Not Specified.", .title = "Command Line Error"}};
-  open().completeStart();
-  ASSERT_EQ(dialogs.boxes.size(), 1U);
-  EXPECT_EQ(dialogs.boxes[0].title, "Command Line Error");
-}
-
-TEST_F(MainWindow, ExplainsEveryControlAndGivesEachItsOwnKey) {
-  open();
-  std::map<QChar, std::string> keys;
-  for (QWidget* const part : window->findChildren<QWidget*>()) {
-    QString shown;
-    if (auto* const button = qobject_cast<QAbstractButton*>(part)) shown = button->text();
-    if (auto* const label = qobject_cast<QLabel*>(part)) shown = label->text();
-    if (auto* const menu = qobject_cast<QMenu*>(part)) shown = menu->title();
-    const std::string name = part->objectName().toStdString();
-    const qsizetype mark = shown.indexOf('&');
-    if (mark >= 0) {
-      const QChar key = shown[mark + 1].toUpper();
-      EXPECT_TRUE(keys.emplace(key, name).second) << name << " and " << keys[key];
-    }
-    const bool ours = !name.empty() && !name.starts_with("qt_") && part->focusPolicy() != Qt::NoFocus &&
-                      qobject_cast<QMenuBar*>(part) == nullptr;
-    if (ours) {
-      EXPECT_FALSE(part->toolTip().isEmpty()) << name;
-    }
-  }
 }
 
 }  // namespace

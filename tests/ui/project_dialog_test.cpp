@@ -1,19 +1,10 @@
 // The user-defined project from its dialog to the sides of a run.
 #include <QPlainTextEdit>
 
-#include <gtest/gtest.h>
-
-#include "formats/delimited/built_in_formats.h"
-#include "formats/format_tables.h"
-#include "run/conversion_run.h"
-#include "run/format_index.h"
 #include "run/user_project.h"
-#include "support/dialog_script.h"
 #include "support/environment.h"
-#include "support/scripted_engine.h"
-#include "support/temporary_folder.h"
-#include "support/widgets.h"
-#include "ui/tovak.h"
+#include "ui/main_window.h"
+#include "ui/qt_text.h"
 
 namespace tovak::ui {
 namespace {
@@ -21,93 +12,101 @@ namespace {
 using tests::box;
 using tests::control;
 
-/// Knows the project of the file, and takes every definition but "bad".
-class ProjectEngine final : public tests::ScriptedEngine {
- public:
-  std::string GetProjectionData(std::int16_t code) override {
-    const auto [stored, error] = run::readUserProject(run::userProjectFile());
-    if (code != -263 && code != 263) return {};
-    if (!error.empty()) return code < 0 ? error : "User-defined project (its file cannot be used)~263";
-    return !stored ? "None Selected" : stored->name + (stored->metres ? "~263M" : "~263");
+/// Its engine knows the project of the file, and takes every definition but "bad".
+class ProjectDialog : public MainWindow {
+ protected:
+  class Engine final : public tests::ScriptedEngine {
+   public:
+    std::string GetProjectionData(std::int16_t code) override {
+      const auto [read, error] = run::readUserProject(run::userProjectFile());
+      const std::optional<run::UserProject> stored = read.value_or(std::nullopt);
+      if (code != -263 && code != 263) return {};
+      if (!error.empty()) return code < 0 ? error : "User-defined project (its file cannot be used)~263";
+      return !stored ? "None Selected" : stored->name + (stored->metres ? "~263M" : "~263");
+    }
+  };
+  ProjectDialog() {
+    projects.projectionFromText = [](const std::string& text, std::string& filled) {
+      filled = "Datum NAD83\nasked: " + text;
+      return static_cast<std::int16_t>(text.ends_with("bad") ? 999 : 263);
+    };
+    start.engine = &projects;
+    std::filesystem::create_directory(folder.path() / "QrAppsData");
   }
-  std::int16_t GetProjectionFromText(const std::string& text, std::string& filled) override {
-    filled = "asked: " + text;
-    return text.ends_with("bad") ? 999 : 263;
-  }
+
+  Engine projects;
+  const tests::EnvironmentVariable data{"APPDATA", folder.path().string()};
 };
 
-TEST(ProjectDialog, StoresWhatTheEngineTakesAndTheSidesFollow) {
-  const tests::TemporaryFolder folder;
-  const tests::EnvironmentVariable data("APPDATA", folder.path().string());
-  folder.write("in.csv", "");
-  std::filesystem::create_directory(folder.path() / "QrAppsData");
-  ProjectEngine engine;
-  app::WindowStart start;
-  start.engine = &engine;
-  start.formatTables = formats::formatTables();
-  start.delimitedFormats = {formats::standardFormat()};
+TEST_F(ProjectDialog, StoresWhatTheEngineTakesAndTheSidesFollow) {
   start.settings.TargetProjectionCode = 263;
-  frmTovak window(start);
-  EXPECT_EQ(control<QLabel>(window, "lblTargetSystem").toolTip(), "None Selected");
+  open();
+  EXPECT_EQ(widget<QLabel>("lblTargetSystem").toolTip(), plainTip("None Selected"));
 
-  tests::DialogScript script;
-  script.expect("frmTovakProject", [](QDialog& dialog) {
+  dialogs.expect("frmTovakProject", [](QDialog& dialog) {
     const auto& store = control<QPushButton>(dialog, "cmdStore");
     const auto told = [&] { return control<QLabel>(dialog, "lblWhereabouts").text().toStdString(); };
     EXPECT_FALSE(store.isEnabled());
     control<QPlainTextEdit>(dialog, "txtDefinition").setPlainText(" a\n  bad ");
-    EXPECT_EQ(told(), "asked: 263M a bad");
+    EXPECT_EQ(told(), "Datum NAD83\nasked: 263M\na bad");
     EXPECT_FALSE(store.isEnabled());
     control<QPlainTextEdit>(dialog, "txtDefinition").setPlainText("a\ngood");
-    EXPECT_EQ(told(), "asked: 263M a good\nNot to be stored yet: the project has no name.");
+    EXPECT_EQ(told(), "Datum NAD83\nasked: 263M\na good\nNot to be stored yet: the project has no name.");
     EXPECT_FALSE(store.isEnabled());
     box(dialog, "txtProjectName").setText(" Bridge 9 ");
-    EXPECT_EQ(told(), "asked: 263M a good");
+    EXPECT_EQ(told(), "Datum NAD83\nasked: 263M\na good");
     tests::press(dialog, "cmdStore");
   });
-  tests::press(window, "cmdProject");
-  EXPECT_TRUE(script.finished());
-  EXPECT_TRUE(
-      tests::contentsOf(run::userProjectFile()).ends_with("\nname = Bridge 9\ndefinition = a good\nunit = metres\n"));
-  EXPECT_EQ(box(window, "txtTargetProjection").text(), "263M");
-  EXPECT_TRUE(control<QAbstractButton>(window, "btnTargetMetric").isChecked());
-  EXPECT_FALSE(control<QAbstractButton>(window, "btnTargetEnglish").isEnabled());
-  EXPECT_TRUE(control<QAbstractButton>(window, "btnSourceEnglish").isEnabled());
+  click("cmdProject");
+  EXPECT_TRUE(dialogs.finished());
+  EXPECT_TRUE(tests::contentsOf(run::userProjectFile())
+                  .ends_with("\nname = Bridge 9\ndefinition = a good\nunit = metres\ndatum = NAD83\n"));
+  EXPECT_EQ(text("txtTargetProjection"), "263M");
+  EXPECT_TRUE(checked("btnTargetMetric"));
+  EXPECT_FALSE(enabled("btnTargetEnglish"));
+  EXPECT_TRUE(enabled("btnSourceEnglish"));
 
-  script.expect("frmTovakProject", [](QDialog& dialog) {
+  dialogs.expect("frmTovakProject", [](QDialog& dialog) {
     EXPECT_EQ(box(dialog, "txtProjectName").text(), "Bridge 9");
     EXPECT_EQ(control<QPlainTextEdit>(dialog, "txtDefinition").toPlainText(), "a good");
     control<QAbstractButton>(dialog, "btnProjectEnglish").click();
-    EXPECT_EQ(control<QLabel>(dialog, "lblWhereabouts").text(), "asked: 263 a good");
+    EXPECT_EQ(control<QLabel>(dialog, "lblWhereabouts").text(), "Datum NAD83\nasked: 263\na good");
     tests::press(dialog, "cmdStore");
   });
-  control<QAction>(window, "mnuToolsProject").trigger();
-  EXPECT_TRUE(control<QAbstractButton>(window, "btnTargetEnglish").isChecked());
-  EXPECT_EQ(window.selections().run.target.projectionText, "263");
+  trigger("mnuToolsProject");
+  EXPECT_TRUE(checked("btnTargetEnglish"));
+  EXPECT_EQ(window->selections().run.target.projectionText, "263");
+
+  // The datum that was found goes into the file, and there is no crossing of datums to warn of.
+  start.settings = window->selections().run;
+  start.settings.SourceProjectionCode = 4;
+  start.settings.sourceFormat = start.settings.targetFormat = 1;
+  start.settings.source.fileName = folder.write("in.csv", "1,2\n");
+  start.settings.target.fileName = folder.file("out.csv");
+  open();
+  click("cmdExecute");
+  EXPECT_EQ(tests::contentsOf(folder.file("out.csv")), "$Tovak#263$ NAD83 Bridge 9 (Feet)\n2.000,4.000,,1,3.000,,,\n");
+  EXPECT_EQ(dialogs.boxes.size(), 1U);
 
   // The unit of an agency's table is chosen, whatever system was chosen before it.
-  const auto chooseSource = [&window](int index) {
-    control<QComboBox>(window, "lstSourceFormat").setCurrentIndex(index);
-    emit control<QComboBox>(window, "lstSourceFormat").activated(index);
-  };
-  emit box(window, "txtSourceFile").textEdited(QString::fromStdString(folder.file("in.csv")));
-  chooseSource(run::source::GeodeticsSpecial);
-  EXPECT_TRUE(control<QAbstractButton>(window, "btnTargetMetric").isChecked());
-  EXPECT_EQ(window.selections().run.target.projectionText, "263M");
-  chooseSource(run::source::CommaDelimited);
-  EXPECT_EQ(window.selections().run.target.projectionText, "263");
+  emit widget<QLineEdit>("txtSourceFile").textEdited("in.csv");
+  choose("lstSourceFormat", run::source::GeodeticsSpecial);
+  EXPECT_TRUE(checked("btnTargetMetric") && enabled("btnTargetMetric"));
+  EXPECT_EQ(window->selections().run.target.projectionText, "263M");
+  choose("lstSourceFormat", run::source::CommaDelimited);
+  EXPECT_EQ(window->selections().run.target.projectionText, "263");
 
   // A file that was damaged is seen at the side and in the dialog.
   folder.write("QrAppsData/project.txt", "name = Bridge 9\nunit = yards\n");
   const QString fault =
       QString::fromStdString(run::userProjectFile()) + ": line 2: the unit is neither \"metres\" nor \"feet\"";
-  script.expect("frmTovakProject", [&fault](QDialog& dialog) {
+  dialogs.expect("frmTovakProject", [&fault](QDialog& dialog) {
     EXPECT_EQ(control<QLabel>(dialog, "lblWhereabouts").text(), fault);
     tests::press(dialog, "cmdReturn");
   });
-  tests::press(window, "cmdProject");
-  EXPECT_TRUE(script.finished());
-  EXPECT_EQ(control<QLabel>(window, "lblTargetSystem").toolTip(), fault);
+  click("cmdProject");
+  EXPECT_TRUE(dialogs.finished());
+  EXPECT_EQ(widget<QLabel>("lblTargetSystem").toolTip(), plainTip(fault));
 }
 
 }  // namespace

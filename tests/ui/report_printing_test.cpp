@@ -1,9 +1,7 @@
-// Reports printed into PDF files, whose texts are taken out again by pdftotext.
+// Reports printed to PDF files, from which pdftotext extracts the text.
 #include "ui/report_printing.h"
 
-#include <QComboBox>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QPrintPreviewWidget>
 #include <QProcess>
 #include <QRegularExpression>
@@ -11,18 +9,10 @@
 #include <QStandardPaths>
 #include <csignal>
 
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include "formats/delimited/built_in_formats.h"
-#include "formats/format_tables.h"
 #include "report/report_writer.h"
-#include "run/format_index.h"
-#include "support/dialog_script.h"
-#include "support/scripted_engine.h"
-#include "support/temporary_folder.h"
-#include "support/widgets.h"
-#include "ui/tovak.h"
+#include "ui/main_window.h"
 
 namespace tovak::ui {
 namespace {
@@ -45,22 +35,14 @@ QStringList linesOf(const QString& text) {
   return lines;
 }
 
-class ReportPrinting : public testing::Test {
+class ReportPrinting : public MainWindow {
  protected:
   ReportPrinting() {
-    start.engine = &engine;
-    start.formatTables = formats::formatTables();
     start.formatTables.report = {report::makeReportWriter, "1.2.3", [] { return text::Date{2026, 11, 21}; }};
-    start.delimitedFormats = {formats::standardFormat()};
+    std::string points;
+    for (int i = 1; i <= 15; ++i) points += std::to_string(i) + ",2,HILL AND DALE,101,812.5\n";
+    presetFiles(points);
     run::RunSettings& settings = start.settings;
-    settings.sourceFormat = settings.targetFormat = run::source::CommaDelimited;
-    settings.SourceProjectionCode = settings.TargetProjectionCode = 4;
-    settings.source.fileName = folder.write("in.csv", [] {
-      std::string points;
-      for (int i = 1; i <= 15; ++i) points += std::to_string(i) + ",2,HILL AND DALE,101,812.5\n";
-      return points;
-    }());
-    settings.target.fileName = folder.file("out.csv");
     settings.reportEnabled = settings.appendReport = settings.printReport = true;
     settings.reportFileName = folder.write("day.rpt", "An earlier note.\n");
   }
@@ -79,19 +61,15 @@ class ReportPrinting : public testing::Test {
     });
   }
 
-  const tests::TemporaryFolder folder;
-  tests::ScriptedEngine engine;
-  app::WindowStart start;
-  tests::DialogScript dialogs;
   const QString pdf = QString::fromStdString(folder.file("report.pdf"));
 };
 
 TEST_F(ReportPrinting, PrintsTheReportOfTheRunUnlessCancelled) {
-  frmTovak window(start);
+  open();
   const auto closeGrid = [](QDialog& dialog) { dialog.accept(); };
   dialogs.expect("QPrintDialog", [](QDialog& dialog) { dialog.reject(); });
   dialogs.expect("frmTovakOutput", closeGrid);
-  tests::press(window, "cmdExecute");
+  click("cmdExecute");
   EXPECT_EQ(folder.names(), (std::vector<std::string>{"day.rpt", "in.csv", "out.csv"}));
   EXPECT_TRUE(dialogs.boxes.empty() && QApplication::overrideCursor() == nullptr);
 
@@ -99,7 +77,7 @@ TEST_F(ReportPrinting, PrintsTheReportOfTheRunUnlessCancelled) {
   engine.refusals = {{3, 7}};
   expectPrinting();
   dialogs.expect("frmTovakOutput", closeGrid);
-  tests::press(window, "cmdExecute");
+  click("cmdExecute");
   EXPECT_TRUE(dialogs.finished());
   QString expected = QString::fromStdString(tests::contentsOf(start.settings.reportFileName).substr(earlier));
   expected.replace(QRegularExpression("Tovak .*Date:"), "Calvadora Coordinate Conversions (Version 1.2.3) ");
@@ -137,7 +115,7 @@ TEST_F(ReportPrinting, PrintsAndPreviewsAReportFileOfTheMenu) {
   std::string pages;
   for (int i = 1; i <= 201; ++i) pages += "page " + std::to_string(i) + "\n\f\n";
   folder.write("day.rpt", pages);
-  frmTovak window(start);
+  open();
   const auto chooseReport = [](QDialog& dialog) {
     EXPECT_EQ(static_cast<QFileDialog&>(dialog).selectedFiles().front().section('/', -1), "day.rpt");
     static_cast<QFileDialog&>(dialog).QDialog::done(QDialog::Accepted);
@@ -148,7 +126,7 @@ TEST_F(ReportPrinting, PrintsAndPreviewsAReportFileOfTheMenu) {
     control<QSpinBox>(dialog, "from").setValue(7);
     control<QSpinBox>(dialog, "to").setValue(8);
   });
-  control<QAction>(window, "mnuFilePrint").trigger();
+  trigger("mnuFilePrint");
   EXPECT_EQ(linesOf(pdfText(pdf, "-layout")).join(','), "page 7,page 8");
 
   dialogs.expect("QFileDialog", chooseReport);
@@ -157,7 +135,7 @@ TEST_F(ReportPrinting, PrintsAndPreviewsAReportFileOfTheMenu) {
     EXPECT_EQ(dialog.windowTitle(), "Print Preview of the first 200 of 201 pages");
     dialog.reject();
   });
-  control<QAction>(window, "mnuFilePreview").trigger();
+  trigger("mnuFilePreview");
   EXPECT_TRUE(dialogs.finished() && dialogs.boxes.empty());
 }
 

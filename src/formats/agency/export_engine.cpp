@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace tovak::formats {
+namespace tovak::formats::agency {
 namespace {
 
 // Latitude or longitude outside the area served, outside the datum grid.
@@ -11,17 +11,17 @@ constexpr std::int16_t kLastOutOfReach = 9;
 
 }  // namespace
 
-std::string_view CountyZone::name() const {
+std::string_view FoundZone::name() const {
   const std::size_t blank = filled.find(' ');
   return blank == std::string::npos ? std::string_view() : std::string_view(filled).substr(blank + 1);
 }
 
-std::int16_t CountyZone::statePlaneCode() const {
-  if (stateLetter() == "N") return 2;
-  return stateLetter() == "C" ? 3 : 4;
+std::int16_t FoundZone::statePlaneCode() const {
+  if (stateLetter() == "N") return run::kStatePlaneNorth;
+  return stateLetter() == "C" ? run::kStatePlaneCentral : run::kStatePlaneSouth;
 }
 
-void ExportEngine::findCounty(std::string_view county, std::string_view zoneWord, CountyZone& zone) {
+void ExportEngine::findCounty(std::string_view county, std::string_view zoneWord, FoundZone& zone) {
   request_ = county;
   request_ += ' ';
   request_ += zoneWord;
@@ -42,4 +42,4 @@ std::string ExportEngine::failureText(std::int16_t errorCode, const char* otherw
   return outOfReach ? engine_.ErrorText(errorCode) : otherwise;
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::agency

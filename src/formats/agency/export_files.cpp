@@ -1,10 +1,12 @@
 #include "formats/agency/export_files.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "run/combination_rules.h"
-#include "run/conversion_run.h"
 #include "run/run_messages.h"
 
-namespace tovak::formats {
+namespace tovak::formats::agency {
 
 using run::Icon;
 using run::Message;
@@ -15,8 +17,8 @@ bool ExportFiles::stop(const Message& message) {
   return false;
 }
 
-bool ExportFiles::openSource(run::target::Index targetFormat, const char* wrongTarget) {
-  if (context_.settings.targetFormat != targetFormat) return stop({wrongTarget, "Invalid target", Icon::Exclamation});
+bool ExportFiles::openSource(const char* wrongTarget) {
+  if (!context_.targetIsPartner) return stop({wrongTarget, "Invalid target", Icon::Exclamation});
   if (const run::Message* const collision = run::fileCollision(context_.settings)) return stop(*collision);
   return source_.open(context_.settings.source.fileName) || stop(run::systemMessage(source_.error()));
 }
@@ -28,19 +30,38 @@ bool ExportFiles::createTarget() {
 
 bool ExportFiles::next(std::string_view& line) {
   if (!source_.next(line)) return false;
-  if (source_.lineNumber() % run::kProgressStep == 0) context_.person.progress(source_.lineNumber());
+  if (source_.lineNumber() % run::kProgressStep == 0 && context_.progress != nullptr) {
+    context_.progress->progress(source_.lineNumber());
+  }
   return true;
 }
 
+bool ExportFiles::keepsOlder() const {
+  if (context_.counts.converted != 0) return false;
+  std::error_code unknown;
+  return created_ ? target_.target().hasOlder()
+                  : std::filesystem::is_regular_file(context_.settings.target.fileName, unknown);
+}
+
 bool ExportFiles::commit() {
+  if (keepsOlder()) return true;
   return !created_ || target_.commit() || stop(run::systemMessage(target_.error()));
 }
 
-bool ExportFiles::stopKeepingLines(const Message& message) {
+bool ExportFiles::stopKeepingLines(Message message) {
+  if (keepsOlder()) {
+    if (!message.detail.empty()) message.detail += '\n';
+    message.detail += olderStands();
+  }
   return commit() && stop(message);
 }
 
+std::string ExportFiles::olderStands() const {
+  return run::messages::targetStands(run::TargetState::OlderKept, context_.counts, context_.settings.target.fileName);
+}
+
 bool ExportFiles::finish(const char* finished) {
+  if (source_.sourceChanged()) addTo(tallyOf(context_.counts.doubts, run::Doubt::SourceChanged), 0);
   switch (source_.fault()) {
     case LineReader::Fault::System:
       return stop(run::systemMessage(source_.error()));
@@ -51,6 +72,7 @@ bool ExportFiles::finish(const char* finished) {
   }
   if (!commit()) return false;
   context_.message = {finished, "Finished", Icon::Information};
+  if (keepsOlder()) context_.message = run::messages::nothingWritten(olderStands());
   return true;
 }
 
@@ -61,4 +83,4 @@ bool ExportFiles::stopAtLine(const char* text, const char* title) {
                            .detail = run::messages::lineOfFile(source_.lineNumber(), source_.fileName())});
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::agency

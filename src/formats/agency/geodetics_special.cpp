@@ -9,13 +9,14 @@
 
 #include "formats/agency/export_engine.h"
 #include "formats/agency/export_files.h"
+#include "run/divided_counties.h"
 #include "run/projection_box.h"
 #include "run/projection_code.h"
 #include "text/fixed_columns.h"
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::agency {
 namespace {
 
 constexpr std::string_view kHeading =
@@ -60,7 +61,7 @@ class GeodeticsSpecial {
       : files_(context),
         engine_(context.engine),
         counts_(context.counts),
-        precision_(context.settings.accuracy),
+        accuracy_(context.settings.accuracy),
         metres_(run::marksMetres(context.settings.target.projectionText)) {}
 
   bool run();
@@ -78,14 +79,14 @@ class GeodeticsSpecial {
   ExportFiles files_;
   ExportEngine engine_;
   run::RecordCounts& counts_;
-  const int precision_;
+  const text::Accuracy accuracy_;
   const bool metres_;
-  CountyZone zone_;
-  std::string out_;  // the line of the target that is being made
+  FoundZone zone_;
+  std::string out_;  // the target line being made
 };
 
 bool GeodeticsSpecial::run() {
-  if (!files_.openSource(run::target::GeodeticsSpecial, "The target format must be Geodetics Special")) return false;
+  if (!files_.openSource("The target format must be Geodetics Special")) return false;
   std::string_view line;
   bool more = skipTitles(line) && files_.createTarget() && files_.writeLine(kHeading);
   for (; more; more = more && files_.next(line)) {
@@ -102,7 +103,7 @@ bool GeodeticsSpecial::run() {
   return files_.finish("Geodetics Special Output File Written");
 }
 
-/// True with the first line that is none.
+/// True with the first line that is not a title.
 bool GeodeticsSpecial::skipTitles(std::string_view& line) {
   while (files_.next(line)) {
     if (!isTitle(line)) return true;
@@ -121,7 +122,7 @@ bool GeodeticsSpecial::writeStation(const Station& station, std::string_view lin
     put({",,,,,", station.order});
     return writeRefused("The county is out of state or not known.");
   }
-  if (zone_.code >= kFirstBeyondCounties) {
+  if (zone_.code > run::kLastCountyZone) {
     // The only line with the zone word.
     put({station.name, ",", station.county, ",", station.zoneWord, ","});
     putAngles(station);
@@ -142,11 +143,14 @@ bool GeodeticsSpecial::convertStation(const Station& station, std::string_view l
   putPlane(plane);
 
   error = engine_.convert(position, latLong, run::projectionText(zone_.code, metres_), plane);
-  // What is known of the station stands in front of the failure.
+  // What is known of the station comes before the failure text.
   if (error >= 1) return writeFailed(error, " **** Could Not Compute County Coord **** ", line);
   putPlane(plane);
   put({",", station.order});
   ++counts_.converted;
+  if (station.zoneWord.empty() && run::isDividedCounty(zone_.code)) {
+    run::addTo(run::tallyOf(counts_.doubts, run::Doubt::FirstZone), files_.lineNumber());
+  }
   return files_.writeLine(out_);
 }
 
@@ -172,8 +176,8 @@ void GeodeticsSpecial::putAngles(const Station& station) {
 }
 
 void GeodeticsSpecial::putPlane(const Position& plane) {
-  text::appendPrecision(out_ += ',', plane.eastLon, precision_);
-  text::appendPrecision(out_ += ',', plane.northLat, precision_);
+  text::formatPrecision(out_ += ',', plane.eastLon, accuracy_);
+  text::formatPrecision(out_ += ',', plane.northLat, accuracy_);
 }
 
 }  // namespace
@@ -182,4 +186,4 @@ bool exportGeodeticsSpecial(const run::ExportContext& context) {
   return GeodeticsSpecial(context).run();
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::agency

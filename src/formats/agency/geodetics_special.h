@@ -9,8 +9,8 @@
 
 #include "run/formats.h"
 
-namespace tovak::formats {
+namespace tovak::formats::agency {
 
 bool exportGeodeticsSpecial(const run::ExportContext& context);
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::agency

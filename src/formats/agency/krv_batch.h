@@ -3,9 +3,9 @@
 
 #include "run/formats.h"
 
-namespace tovak::formats {
+namespace tovak::formats::agency {
 
 /// Says that KRV batch files cannot be converted, and touches no file.
 bool refuseKrvBatch(const run::ExportContext& context);
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::agency

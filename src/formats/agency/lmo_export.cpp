@@ -2,34 +2,32 @@
 
 #include <cmath>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
-#include "formats/agency/divided_counties.h"
 #include "formats/agency/export_engine.h"
 #include "formats/agency/export_files.h"
 #include "formats/agency/lmo_system_code.h"
+#include "run/divided_counties.h"
+#include "run/length_unit.h"
 #include "run/projection_box.h"
 #include "run/projection_code.h"
-#include "run/run_messages.h"
 #include "text/angle.h"
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::agency {
 namespace {
 
 constexpr std::string_view kNewColumns = ",LATD,LATM,LATS,LOND,LONM,LONS,CCX,CCY,CCZONE,SPX,SPY,SPZONE,UTX,UTY";
 constexpr const char* kNoLatLong = " **** Could Not Compute Lat/Lon **** ";
-constexpr double kFeetPerMetre = 3.2808333333333333;
 constexpr std::string_view kZoneWords[] = {"North", "Central", "South", "North Shore"};
 
 /// Why a line is refused before the engine is asked for its point.
 struct Refusal {
   std::int16_t code;
-  std::string_view text;  ///< stands in front of the line
+  std::string_view text;  ///< comes before the line
   const char* reason;
 };
 
@@ -39,7 +37,7 @@ constexpr Refusal kRefusals[] = {
     {kDatumMissing, " **** No Coordinate Datum Found **** ", "The system code names no system."},
 };
 
-/// One line and what has been found out about it.
+/// One line and what is known about it.
 struct LmoPoint {
   std::string_view line;
   double x = 0.0;
@@ -56,16 +54,6 @@ bool isHeading(std::string_view line) {
   return text::leadingNumber(line) == 0.0;
 }
 
-/// Brings packed degrees, minutes and seconds to decimal degrees; nothing when they are no angle. The larger number is
-/// the longitude, whichever comes first.
-std::optional<Position> unpackAngles(double x, double y) {
-  if (std::fabs(x) < std::fabs(y)) std::swap(x, y);
-  const std::optional<double> latitude = text::interpretAngle(y, text::AngleForm::DegreesMinutesSeconds);
-  const std::optional<double> longitude = text::interpretAngle(x, text::AngleForm::DegreesMinutesSeconds);
-  if (!latitude || !longitude) return std::nullopt;
-  return Position{.northLat = *latitude, .eastLon = -std::fabs(*longitude)};
-}
-
 /// ",DEGREES,MINUTES,SECONDS" without leading zeros.
 void appendAngle(std::string& out, const text::SplitAngle& angle) {
   constexpr int kUnitsPerSecond = 100000;
@@ -79,7 +67,7 @@ void appendAngle(std::string& out, const text::SplitAngle& angle) {
 class LmoExport {
  public:
   explicit LmoExport(const run::ExportContext& context)
-      : files_(context), engine_(context.engine), counts_(context.counts), precision_(context.settings.accuracy) {}
+      : files_(context), engine_(context.engine), counts_(context.counts), accuracy_(context.settings.accuracy) {}
 
   bool run();
 
@@ -98,16 +86,16 @@ class LmoExport {
   ExportFiles files_;
   ExportEngine engine_;
   run::RecordCounts& counts_;
-  const int precision_;
+  const text::Accuracy accuracy_;
   LmoPoint point_;
-  CountyZone zone_;
-  CountyZone otherZone_;
+  FoundZone zone_;
+  FoundZone otherZone_;
   std::int16_t firstError_ = 0;  // among the plane systems of the line
-  std::string out_;              // the line of the target that is being made
+  std::string out_;              // the target line being made
 };
 
 bool LmoExport::run() {
-  if (!files_.openSource(run::target::LmoBatch, "The target format must be LMO Database Dump")) return false;
+  if (!files_.openSource("The target format must be LMO Database Dump")) return false;
   std::string_view line;
   bool more = files_.createTarget() && files_.next(line);
   if (more && isHeading(line)) {
@@ -154,12 +142,12 @@ void LmoExport::takePoint(std::string_view line) {
 }
 
 std::int16_t LmoExport::sourceCode() const {
-  if (zone_.code >= kFirstBeyondCounties) return kCountyMissing;
+  if (zone_.code > run::kLastCountyZone) return kCountyMissing;
   if (point_.system.code != kCountySystem) return point_.system.code;
-  return point_.system.zoneWord.empty() && isDividedCounty(zone_.code) ? kCountyZoneMissing : zone_.code;
+  return point_.system.zoneWord.empty() && run::isDividedCounty(zone_.code) ? kCountyZoneMissing : zone_.code;
 }
 
-/// Finds latitude and longitude; false with the reason in the line that is being made.
+/// Finds latitude and longitude; false with the reason in the line being made.
 bool LmoExport::locate() {
   if (run::isLatLong(point_.sourceCode)) return locateByAngles();
   point_.source = {.northLat = point_.y, .eastLon = point_.x};
@@ -172,21 +160,28 @@ bool LmoExport::locate() {
 }
 
 bool LmoExport::locateByAngles() {
-  if (const std::optional<Position> position = unpackAngles(point_.x, point_.y)) {
-    point_.source = point_.latLong = *position;
+  // The larger number is the longitude, whichever comes first.
+  if (std::fabs(point_.x) < std::fabs(point_.y)) std::swap(point_.x, point_.y);
+  constexpr auto kForm = text::AngleForm::DegreesMinutesSeconds;
+  const text::AngleReading latitude = text::interpretAngle(point_.y, kForm);
+  const text::AngleReading longitude = text::interpretAngle(point_.x, kForm);
+  const text::AngleFault fault = latitude.fault != text::AngleFault::None ? latitude.fault : longitude.fault;
+  if (fault == text::AngleFault::None) {
+    point_.source = {.northLat = latitude.degrees, .eastLon = -std::fabs(longitude.degrees)};
+    point_.latLong = point_.source;
     return true;
   }
   out_ += kNoLatLong;
-  run::countSkipped(counts_, counts_.refusedAngle, files_.lineNumber(), run::messages::noAngle());
+  run::countSkipped(counts_, counts_.refusedAngle, files_.lineNumber(), std::string(text::angleFaultText(fault)));
   return false;
 }
 
-/// Takes the zone of a divided county from the latitude where the code asks for the county and names none.
+/// Takes the zone of a divided county from the latitude, where the code asks for the county and names no zone.
 void LmoExport::chooseZone(const text::SplitAngle& latitude) {
   if (!point_.system.namesCounty || !point_.system.zoneWord.empty()) return;
-  const std::int16_t chosen = zoneAtLatitude(zone_.code, latitude);
+  const std::int16_t chosen = run::zoneAtLatitude(zone_.code, latitude);
   if (chosen == zone_.code) return;
-  // The engine knows zones by their words only: the one that leads to the chosen zone tells its name.
+  // The engine finds zones by their words only, so the words are tried until one gives the chosen zone.
   for (const std::string_view word : kZoneWords) {
     engine_.findCounty(point_.county, word, otherZone_);
     if (otherZone_.code != chosen) continue;
@@ -206,7 +201,7 @@ bool LmoExport::writeColumns() {
   appendAngle(out_, text::splitAngle(-point_.latLong.eastLon));
   appendPlane(zone_.code, ",**County Conversion Failed**,****");
   (out_ += ',') += zone_.name();
-  // Without a comma in front these two join what stands before them: so the agency's application reads them.
+  // These two follow the text before them without a comma, as the agency's application expects.
   appendPlane(zone_.statePlaneCode(), "**State Plane Conversion Failed**,****");
   (out_ += ',') += zone_.stateLetter();
   appendPlane(run::kUtmNad83, "**UTM Conversion Failed**,****");
@@ -230,10 +225,12 @@ void LmoExport::appendPlane(std::int16_t code, std::string_view failure) {
       return;
     }
   } else if (point_.system.metres) {
-    plane = {.northLat = plane.northLat * kFeetPerMetre, .eastLon = plane.eastLon * kFeetPerMetre};
+    for (double* const length : {&plane.northLat, &plane.eastLon}) {
+      *length = run::convertLength(*length, run::LengthUnit::metres, run::LengthUnit::usSurveyFeet);
+    }
   }
-  text::appendPrecision(out_ += ',', plane.eastLon, precision_);
-  text::appendPrecision(out_ += ',', plane.northLat, precision_);
+  text::formatPrecision(out_ += ',', plane.eastLon, accuracy_);
+  text::formatPrecision(out_ += ',', plane.northLat, accuracy_);
 }
 
 bool LmoExport::writeRefused(const Refusal& refusal) {
@@ -248,4 +245,4 @@ bool exportLmoBatch(const run::ExportContext& context) {
   return LmoExport(context).run();
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::agency

@@ -3,7 +3,7 @@
 #include "run/projection_code.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::agency {
 namespace {
 
 struct ZonePart {
@@ -16,10 +16,13 @@ struct SystemPart {
   std::int16_t code;
 };
 
-// Both in the order in which they count.
+// Both in order of precedence.
 constexpr ZonePart kZoneParts[] = {{"CCN", "North"}, {"CCC", "Central"}, {"CCS", "South"}, {"CCL", "North Shore"}};
-constexpr SystemPart kSystemParts[] = {
-    {"LL", run::kLatLongNad83}, {"UTM", run::kUtmNad83}, {"SPN", 2}, {"SPC", 3}, {"SPS", 4}};
+constexpr SystemPart kSystemParts[] = {{"LL", run::kLatLongNad83},
+                                       {"UTM", run::kUtmNad83},
+                                       {"SPN", run::kStatePlaneNorth},
+                                       {"SPC", run::kStatePlaneCentral},
+                                       {"SPS", run::kStatePlaneSouth}};
 
 bool contains(std::string_view text, std::string_view part) {
   return text::findIgnoringCase(text, part) != std::string_view::npos;
@@ -35,9 +38,8 @@ std::string_view zoneWord(std::string_view text) {
 std::int16_t systemCode(std::string_view text, bool namesCounty) {
   for (const SystemPart& system : kSystemParts) {
     if (!contains(text, system.part)) continue;
-    // The twins on NAD27 lie as far from their systems as the two of latitude and longitude.
     const bool nad27 = contains(text, "27");
-    return nad27 ? static_cast<std::int16_t>(system.code + run::kLatLongNad27) : system.code;
+    return nad27 ? static_cast<std::int16_t>(system.code + run::kTwinDistance) : system.code;
   }
   return text.empty() || namesCounty ? kCountySystem : kDatumMissing;
 }
@@ -53,4 +55,4 @@ LmoSystem readLmoSystem(std::string_view text) {
   return system;
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::agency

@@ -1,10 +1,10 @@
-/// The system code of an LMO line: in which system and unit its point is given.
+/// The system code of an LMO line: the system and unit of its point.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 
-namespace tovak::formats {
+namespace tovak::formats::agency {
 
 /// The system of the county, whichever it is.
 inline constexpr std::int16_t kCountySystem = -1;
@@ -21,9 +21,9 @@ struct LmoSystem {
   std::int16_t code = kDatumMissing;  ///< a projection code, `kCountySystem` or `kDatumMissing`
 };
 
-/// Reads a code such as "LL", "MUTM27" or "CCN". Letter case does not matter, and parts are found wherever they stand:
-/// "M" in front for metres; "CCN", "CCC", "CCS" or "CCL" for a zone of the county; "LL", "UTM", "SPN", "SPC" or "SPS"
-/// for the system, else "CC" or nothing at all for that of the county; "27" for NAD27, but for county systems.
+/// Reads a code such as "LL", "MUTM27" or "CCN". Letter case does not matter, and parts are found anywhere in the code:
+/// a leading "M" for metres; "CCN", "CCC", "CCS" or "CCL" for a zone of the county; "LL", "UTM", "SPN", "SPC" or "SPS"
+/// for the system, else "CC" or nothing at all for that of the county; "27" for NAD27, except for county systems.
 LmoSystem readLmoSystem(std::string_view text);
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::agency

@@ -6,28 +6,26 @@
 #include <string_view>
 
 #include "formats/database/sheet_rows.h"
-#include "run/format_index.h"
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::database {
 namespace {
 
-/// From here on projections are taken to lie in one county zone.
-constexpr std::int16_t kFirstProjectionOfOneZone = 264;
+constexpr const char* kTitle = "CSV Input Error";
 
 class GeodeticCsvReader final : public run::PointReader {
  public:
   explicit GeodeticCsvReader(const run::SourceContext& context)
       : lines_(context.lines),
         counts_(context.counts),
-        choice_(context.settings.geodeticCsv),
+        doubts_(context.doubts),
+        choice_(context.settings.options.geodeticCsv),
         stream_(context.lines, choice_.sheets),
-        filtersZones_(context.settings.targetFormat >= run::target::TrimbleWaypoints ||
-                      context.settings.TargetProjectionCode >= kFirstProjectionOfOneZone),
+        filtersZones_(context.oneCountyZone),
         countyZone_(choice_.countyName + choice_.zoneSuffix) {}
 
-  /// A sheet that has gone since it was chosen is better missed before the target is begun than in its middle.
+  /// A sheet that has disappeared since it was chosen is better noticed before the target is begun.
   bool check() override {
     return std::ranges::all_of(choice_.sheets, [this](const std::string& sheet) { return lines_.open(sheet); });
   }
@@ -51,19 +49,23 @@ class GeodeticCsvReader final : public run::PointReader {
     if (isHeading(line)) return &counts_.noPoint;
     stream_.split(line, row_);
     if (filtersZones_ && !text::equalsIgnoringCase(row_.countyZone(), countyZone_)) return &counts_.otherZone;
-    point.InNorthLat = value(choice_.horizontal);
-    point.InEastLon = value(static_cast<std::int16_t>(choice_.horizontal + 1));
-    if (!(point.InNorthLat > 0.0 && point.InEastLon > 0.0)) return &counts_.zeroCoordinate;
+    bool textBehind = false;
+    const double latitude = text::leadingNumber(row_.value(choice_.horizontal), textBehind);
+    const auto besideIt = static_cast<std::int16_t>(choice_.horizontal + 1);
+    const double longitude = text::leadingNumber(row_.value(besideIt), textBehind);
+    if (!(latitude > 0.0 && longitude > 0.0)) return &counts_.zeroCoordinate;
+    constexpr auto kForm = text::AngleForm::DegreesMinutesSeconds;
+    run::takeAngles(point, text::interpretAngle(latitude, kForm), text::interpretAngle(longitude, kForm), doubts_);
     point.pointNumber = row_.stationIdentifier();
     point.description = row_.name();
-    if (choice_.vertical != 0) point.Elevation = value(choice_.vertical);
+    if (choice_.vertical != 0) point.Elevation = text::leadingNumber(row_.value(choice_.vertical), textBehind);
+    if (textBehind) doubts_.raise(run::Doubt::TextBehindNumber);
     return nullptr;
   }
 
-  double value(std::int16_t number) const { return text::leadingNumber(row_.value(number)); }
-
   text::LineReader& lines_;
   run::RecordCounts& counts_;
+  run::DoubtFlags& doubts_;
   const run::GeodeticCsvChoice& choice_;
   SheetStream stream_;
   const bool filtersZones_;
@@ -77,4 +79,16 @@ std::unique_ptr<run::PointReader> makeGeodeticCsvReader(const run::SourceContext
   return std::make_unique<GeodeticCsvReader>(context);
 }
 
-}  // namespace tovak::formats
+std::optional<run::Message> missingGeodeticCsvChoice(const run::RunSettings& settings) {
+  const run::GeodeticCsvChoice& choice = settings.options.geodeticCsv;
+  if (choice.horizontal == 0) {
+    return run::Message{"You must select a horizontal reference option.", kTitle, run::Icon::Exclamation,
+                        "lstHorizontal"};
+  }
+  if (choice.zonesOffered && choice.zoneSuffix.empty()) {
+    return run::Message{"You must select a county zone.", kTitle, run::Icon::Exclamation, "lstCsvZone"};
+  }
+  return std::nullopt;
+}
+
+}  // namespace tovak::formats::database

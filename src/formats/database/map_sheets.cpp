@@ -6,13 +6,13 @@
 #include <system_error>
 #include <utility>
 
-#include "run/conversion_run.h"
+#include "run/run_messages.h"
 #include "text/line_reader.h"
 #include "text/number.h"
 #include "text/strings.h"
 #include "text/system_error.h"
 
-namespace tovak::formats {
+namespace tovak::formats::database {
 namespace {
 
 namespace fs = std::filesystem;
@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view kEnding = ".csv";
 constexpr const char* kErrorTitle = "CSV Input Error";
 
-/// A byte of a UTF-8 character behind its first.
+/// Whether a byte continues a UTF-8 character.
 bool isContinuation(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
@@ -29,7 +29,7 @@ bool isOneCharacter(std::string_view text) {
   return !text.empty() && std::all_of(text.begin() + 1, text.end(), isContinuation);
 }
 
-/// What the names of a county's sheets have in common. Without the wildcard the name is all in `head`.
+/// The common parts of the names of a county's sheets. Without the wildcard the whole name is in `head`.
 struct NamePattern {
   std::string_view head;
   bool wildcard = false;
@@ -60,36 +60,33 @@ bool comesBefore(const std::string& a, const std::string& b) {
   return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), before);
 }
 
-run::Message problem(const char* text) {
-  return {.text = text, .title = kErrorTitle, .icon = run::Icon::Exclamation};
-}
-
 }  // namespace
 
-MapSheetSearch findMapSheets(const std::string& path) {
+text::Result<MapSheetList> findMapSheets(const std::string& path) {
+  using Sheets = text::Result<MapSheetList>;
   const std::size_t ending = text::findIgnoringCase(path, kEnding);
-  if (ending == std::string::npos) return {.sheets = {}, .problem = problem("The source file is not a CSV file.")};
+  if (ending == std::string::npos) return Sheets::failure("The source file is not a CSV file.");
   const std::string name = fs::path(path).filename().string();
   const NamePattern pattern = patternOf(path, name, ending);
   const fs::path folder = fs::path(path).parent_path();
   std::error_code error;
-  MapSheetSearch search;
+  MapSheetList sheets;
   fs::directory_iterator entry(folder.empty() ? "." : folder, error);
   for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
     const std::string found = entry->path().filename().string();
     std::error_code unknown;
     if (!matches(pattern, found) || !entry->is_regular_file(unknown)) continue;
-    if (search.sheets.size() == kMostMapSheets)
-      return {.sheets = {}, .problem = problem("There are more than seven map sheets for this county.")};
-    search.sheets.push_back((folder / found).string());
+    if (sheets.size() == kMostMapSheets)
+      return Sheets::failure("There are more than seven map sheets for this county.");
+    sheets.push_back((folder / found).string());
   }
-  if (error) {
-    return {
-        .sheets = {},
-        .problem = run::systemMessage(text::systemErrorText(folder.empty() ? "." : folder.string(), error.value()))};
-  }
-  std::sort(search.sheets.begin(), search.sheets.end(), comesBefore);
-  return search;
+  if (error) return Sheets::failure(text::systemErrorText(folder.empty() ? "." : folder.string(), error.value()));
+  std::sort(sheets.begin(), sheets.end(), comesBefore);
+  return sheets;
+}
+
+run::Message sheetMessage(std::string error) {
+  return {.text = std::move(error), .title = kErrorTitle, .icon = run::Icon::Exclamation};
 }
 
 run::Message mapSheetQuestion(std::size_t count) {
@@ -123,4 +120,4 @@ bool isMapSheet(const std::string& path, std::string_view codes) {
          text::findIgnoringCase(codes, code) != std::string_view::npos;
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::database

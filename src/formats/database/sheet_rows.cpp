@@ -5,10 +5,10 @@
 
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::database {
 namespace {
 
-/// The order settles which of two fields takes a column that they share: the first.
+/// Of two fields that share a column, the first in this order takes it.
 constexpr std::array<std::string_view, kSheetFields> kHeadings = {
     "NAME",         "NAD83(07)LAT", "NAD83(07)LON", "NAD83(96)LAT", "NAD83(96)LON", "NAD83(86)LAT",
     "NAD83(86)LON", "NAD27_LAT",    "NAD27_LON",    "REF_LAT",      "REF_LON",      "NAVD88",
@@ -16,7 +16,7 @@ constexpr std::array<std::string_view, kSheetFields> kHeadings = {
 constexpr std::size_t kName = 0;
 constexpr std::size_t kCountyZone = 13;
 constexpr std::size_t kStationIdentifier = 14;
-/// The values of NAD83(2011) stand behind all others.
+/// The values of NAD83(2011) come after all others.
 constexpr std::size_t kNad83Of2011 = 15;
 
 constexpr char kSeparator = ',';
@@ -68,7 +68,7 @@ RowSplitter::RowSplitter(const GeodeticCsvColumnMap& map) {
 void RowSplitter::split(std::string_view line, SheetRow& row) const {
   row.fields.fill({});
   for (const int field : fieldOfColumn_) {
-    // The headings may be of many more columns than the row is.
+    // The headings may have many more columns than the row.
     if (line.empty()) break;
     const std::string_view value = text::takeField(line, kSeparator);
     if (field >= 0) row.fields[static_cast<std::size_t>(field)] = text::trimBlanks(value);
@@ -93,4 +93,4 @@ bool SheetStream::next(std::string_view& line) {
   }
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::database

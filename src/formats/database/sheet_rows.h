@@ -1,4 +1,4 @@
-/// Rows of the geodetic database's map sheets, and the headings that say what stands in their columns.
+/// Rows of the geodetic database's map sheets, and the headings that name their columns.
 #pragma once
 
 #include <array>
@@ -10,26 +10,26 @@
 #include "formats/database/map_sheets.h"
 #include "text/line_reader.h"
 
-namespace tovak::formats {
+namespace tovak::formats::database {
 
 /// The fields of a row, in the order of their headings' table.
 inline constexpr std::size_t kSheetFields = 17;
 
 /// Where the fields of a row stand. Columns are counted from 1.
 struct GeodeticCsvColumnMap {
-  /// Without a heading of its own a field is in the column of its place in the table.
+  /// A field without a heading is in the column of its place in the table.
   std::array<std::size_t, kSheetFields> columns;
   std::size_t columnCount = 0;
 };
 
-/// The columns by a line of headings, which are compared letter by letter. Any line will do: one without headings
-/// leaves the fields where they are and tells how many columns there are.
+/// The columns given by a line of headings, which must match exactly. Any line will do: one without headings leaves the
+/// fields where they are and gives the number of columns.
 GeodeticCsvColumnMap columnsOf(std::string_view headings);
 
 /// True for lines that are taken for headings: those with "NAME" anywhere, letter case ignored.
 bool isHeading(std::string_view line);
 
-/// One row. The texts are the line's own, without outer blanks; a field that the row does not have is empty.
+/// One row. The texts refer to the line, without outer blanks; a field that the row does not have is empty.
 struct SheetRow {
   std::array<std::string_view, kSheetFields> fields;
 
@@ -49,16 +49,16 @@ class RowSplitter {
   void split(std::string_view line, SheetRow& row) const;
 
  private:
-  std::vector<int> fieldOfColumn_;  ///< -1 for a column that nobody wants
+  std::vector<int> fieldOfColumn_;  ///< -1 for a column that is not needed
 };
 
 /// The lines of several sheets as one stream.
 class SheetStream {
  public:
-  /// `lines` is opened on each sheet in turn. Without sheets it is read as it is.
+  /// `lines` is opened on each sheet in turn. Without sheets it is read as already opened.
   SheetStream(text::LineReader& lines, const MapSheetList& sheets) : lines_(lines), sheets_(sheets) {}
 
-  /// The next line that is not empty; the first of all settles the columns. False at the end of the last sheet, and on
+  /// The next line that is not empty; the very first determines the columns. False at the end of the last sheet, and on
   /// a fault of the line reader.
   bool next(std::string_view& line);
   /// Whether that line is the first of its sheet.
@@ -75,4 +75,4 @@ class SheetStream {
   RowSplitter splitter_;
 };
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::database

@@ -8,7 +8,7 @@
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::database {
 namespace {
 
 /// The data sets that are offered only where the sheets have them, by the numbers of their latitudes.
@@ -17,14 +17,14 @@ constexpr std::array<std::int16_t, 2> kElevations = {13, 14};
 
 struct ZoneMark {
   std::string_view mark;
-  CountyZone zone;
+  SheetZone zone;
 };
 
-/// The first that a text holds counts.
-constexpr std::array<ZoneMark, 4> kZoneMarks = {{{"- South", CountyZone::South},
-                                                 {"- Central", CountyZone::Central},
-                                                 {"- North", CountyZone::North},
-                                                 {"- Lake (North Shore)", CountyZone::NorthShore}}};
+/// The first one that a text contains counts.
+constexpr std::array<ZoneMark, 4> kZoneMarks = {{{"- South", SheetZone::South},
+                                                 {"- Central", SheetZone::Central},
+                                                 {"- North", SheetZone::North},
+                                                 {"- Lake (North Shore)", SheetZone::NorthShore}}};
 
 bool isPositive(const SheetRow& row, std::int16_t number) {
   return text::leadingNumber(row.value(number)) > 0.0;
@@ -62,7 +62,7 @@ SheetScan scanSheets(const MapSheetList& sheets) {
   SheetRow row;
   std::string_view line;
   while (stream.next(line)) {
-    // Unlike the reader, the scan takes "NAME" farther down for a part of a station's name.
+    // Unlike the reader, the scan takes "NAME" farther down as part of a station's name.
     if (stream.atFirstOfSheet() && isHeading(line)) continue;
     stream.split(line, row);
     noteValues(scan, row);
@@ -72,4 +72,4 @@ SheetScan scanSheets(const MapSheetList& sheets) {
   return scan;
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::database

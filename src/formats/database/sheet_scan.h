@@ -1,4 +1,4 @@
-/// A look at all map sheets of a county before a run: which data sets, heights and zones there are to choose from.
+/// Scanning all map sheets of a county before a run, for the data sets, heights and zones to choose from.
 #pragma once
 
 #include <array>
@@ -7,19 +7,19 @@
 
 #include "formats/database/map_sheets.h"
 
-namespace tovak::formats {
+namespace tovak::formats::database {
 
-enum class CountyZone : std::size_t { North, Central, South, NorthShore };
+enum class SheetZone : std::size_t { North, Central, South, NorthShore };
 
 struct SheetScan {
-  /// By the number of a value (see `SheetRow::value`); a data set by that of its latitude. Present is what is above
-  /// zero in some row; the reference coordinates are not looked at.
+  /// By the number of a value (see `SheetRow::value`); a data set by that of its latitude. A value is present when it
+  /// is above zero in some row; the reference coordinates are not checked.
   std::array<bool, 15> present{};
-  std::array<bool, 4> zones{};  ///< by `CountyZone`
+  std::array<bool, 4> zones{};  ///< by `SheetZone`
   std::string countyName;       ///< of the last row that names one
   std::string error;            ///< why a sheet could not be read to its end; empty when all were
 };
 
 SheetScan scanSheets(const MapSheetList& sheets);
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::database

@@ -1,6 +1,6 @@
 #include "formats/delimited/built_in_formats.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 
 run::DelimitedFormat standardFormat() {
   return {.name = "Tovak Standard",
@@ -10,13 +10,11 @@ run::DelimitedFormat standardFormat() {
 }
 
 void prepareMaptechSource(run::RunSettings& settings) {
-  settings.latLongForm = text::AngleForm::DecimalDegrees;
   settings.sourceDelimited.fieldCodes = " 0~ 1~ 2~ 3~ 24~ 7~";
   settings.sourceDelimited.delimiter = ',';
 }
 
 void prepareWayPointsPlusSource(run::RunSettings& settings) {
-  settings.latLongForm = text::AngleForm::DegreesMinutesSeconds;
   settings.sourceDelimited.fieldCodes = " 15~ 16~ 3~ 0~ 1~ 17~ 18~ 2~";
   settings.sourceDelimited.delimiter = ',';
 }
@@ -27,4 +25,4 @@ void prepareWayPointsPlusTarget(run::RunSettings& settings) {
   settings.targetDelimited.latLongFormat = 1;
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

@@ -12,7 +12,7 @@
 #include "text/strings.h"
 #include "text/target_file.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 namespace {
 
 constexpr char kRecordMark = '\x01';
@@ -34,25 +34,28 @@ std::optional<std::uint8_t> parseByte(std::string_view line) {
   return static_cast<std::uint8_t>(whole);
 }
 
+using Definitions = text::Result<DelimitedFormatTable>;
+
 class DefinitionsReader {
  public:
   explicit DefinitionsReader(const std::string& path) { lines_.open(path); }
 
-  DefinitionsResult readAll() {
+  Definitions readAll() {
     DelimitedFormatTable table;
     std::string_view line;
     while (lines_.next(line)) {
-      // Only a record's first line begins with the mark; whatever else stands between records means nothing.
+      // Only a record's first line begins with the mark; anything else between records is ignored.
       if (line.empty() || line.front() != kRecordMark) continue;
-      if (table.size() == kMostFormats) return refuse("more than 26 formats");
       run::DelimitedFormat format;
       format.name = line.substr(1);
+      if (table.empty() && format.name != standardFormat().name) table.push_back(standardFormat());
+      if (table.size() == kMostFormats) return refuse("more than 26 formats");
       if (!readRecord(format)) return refuse(reason_);
       table.push_back(format);
     }
-    if (lines_.fault() != text::LineReader::Fault::None) return {{standardFormat()}, lines_.error()};
+    if (lines_.fault() != text::LineReader::Fault::None) return Definitions::failure(lines_.error());
     if (table.empty()) table.push_back(standardFormat());
-    return {table, {}};
+    return table;
   }
 
  private:
@@ -84,13 +87,9 @@ class DefinitionsReader {
     return false;
   }
 
-  DefinitionsResult refuse(std::string_view reason) {
-    if (lines_.fault() != text::LineReader::Fault::None) return {{standardFormat()}, lines_.error()};
-    std::string error = lines_.fileName() + ": line ";
-    text::appendWhole(error, static_cast<std::int64_t>(lines_.lineNumber()));
-    error += ": ";
-    error += reason;
-    return {{standardFormat()}, error};
+  Definitions refuse(std::string_view reason) {
+    if (lines_.fault() != text::LineReader::Fault::None) return Definitions::failure(lines_.error());
+    return Definitions::failure(text::faultAtLine(lines_.fileName(), lines_.lineNumber(), reason));
   }
 
   text::LineReader lines_;
@@ -102,8 +101,8 @@ void appendLine(std::string& out, std::string_view line) {
   out += kLineEnd;
 }
 
-/// `blankAfter`: what the program saves has a blank on either side of a number, the file it creates at first only the
-/// one in front. Both read alike.
+/// `blankAfter`: formats that the program saves have a blank on either side of a number, the file it first creates only
+/// the one before it. Both read the same.
 std::string fileText(const DelimitedFormatTable& table, std::size_t count, bool blankAfter) {
   const auto numberLine = [blankAfter](int number) {
     std::string line = " ";
@@ -141,7 +140,7 @@ bool ensureDefinitionsFile(const std::string& path, std::string& error) {
   return writeWhole(path, fileText({standardFormat()}, 1, false), error);
 }
 
-DefinitionsResult loadDefinitions(const std::string& path) {
+Definitions loadDefinitions(const std::string& path) {
   return DefinitionsReader(path).readAll();
 }
 
@@ -150,4 +149,4 @@ bool saveDefinitions(const std::string& path, const DelimitedFormatTable& table,
   return writeWhole(path, fileText(table, count, true), error);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

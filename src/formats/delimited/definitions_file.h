@@ -10,31 +10,26 @@
 #include <vector>
 
 #include "run/delimited_format.h"
+#include "text/result.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 
-/// The defined formats in the order of the file; entry 0 is "Tovak Standard".
+/// The defined formats, entry 0 "Tovak Standard", then those of the file in its order.
 using DelimitedFormatTable = std::vector<run::DelimitedFormat>;
 
 inline constexpr std::size_t kMostFormats = 26;
-
-struct DefinitionsResult {
-  DelimitedFormatTable table;
-  /// What is wrong with the file, with its name and line; then the table holds "Tovak Standard" alone. Empty when all
-  /// is well.
-  std::string error;
-};
 
 /// Creates the file with "Tovak Standard" alone when no file of that name exists. False: `error` receives the file's
 /// name and the system's text.
 bool ensureDefinitionsFile(const std::string& path, std::string& error);
 
-/// Reads the file. One that is truncated, has a flag that is no flag, a delimiter or lat/long form that is no byte, or
-/// more than 26 formats is refused whole.
-DefinitionsResult loadDefinitions(const std::string& path);
+/// Reads the file. If it does not begin with "Tovak Standard", that is put first. The error has the file's name and
+/// line: a file that is truncated, has an invalid flag, a delimiter or lat/long form that is not a byte, or more than
+/// 26 formats is refused as a whole.
+text::Result<DelimitedFormatTable> loadDefinitions(const std::string& path);
 
 /// Writes the first `count` formats of the table over the file. False: `error` receives the file's name and the
 /// system's text, and the older file stays.
 bool saveDefinitions(const std::string& path, const DelimitedFormatTable& table, std::size_t count, std::string& error);
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

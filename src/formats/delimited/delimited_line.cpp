@@ -1,9 +1,6 @@
 #include "formats/delimited/delimited_line.h"
 
-#include "text/number.h"
-#include "text/strings.h"
-
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 
 DelimitedLine::DelimitedLine(const run::DelimitedFormat& format)
     : codes_(parseFieldCodes(format.fieldCodes)),
@@ -21,8 +18,4 @@ bool DelimitedLine::start(std::string_view line) {
   return true;
 }
 
-double coordinateValue(std::string_view field, bool latLong, std::string& scratch) {
-  return text::leadingNumber(latLong ? text::withoutBlanks(field, scratch) : field);
-}
-
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

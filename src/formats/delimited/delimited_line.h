@@ -4,22 +4,21 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "formats/delimited/field_codes.h"
 #include "run/delimited_format.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 
-/// What introduces a Geopak comment, whatever the delimiter.
+/// The character that introduces a Geopak comment, whatever the delimiter.
 inline constexpr char kGeopakDelimiter = ';';
 
-/// Goes through one line after the other; a line is referred to, not kept.
+/// Goes through one line after the other; a line is not copied.
 ///
 /// In a layout with a Geopak comment (code 25) the delimiter becomes ";" once no further delimiter is found on the
-/// line. Separators inside quotes separate too.
+/// line. Delimiters inside quotes count too.
 class DelimitedLine {
  public:
   struct Field {
@@ -31,7 +30,7 @@ class DelimitedLine {
 
   /// False when the line does not hold the delimiter.
   bool start(std::string_view line);
-  /// The next field of the layout, with an empty text behind the last one of the line; the rest of the line for
+  /// The next field of the layout, with an empty text after the last one of the line; the rest of the line for
   /// `kFieldAnythingElse`, which is the last. False when the layout has no more.
   bool next(Field& field);
 
@@ -64,8 +63,4 @@ inline bool DelimitedLine::next(Field& field) {
   return true;
 }
 
-/// A northing or easting, or an angle, in which blanks between degrees, minutes and seconds do not count; 0 when the
-/// text does not begin with a number. `scratch` holds an angle without its blanks.
-double coordinateValue(std::string_view field, bool latLong, std::string& scratch);
-
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

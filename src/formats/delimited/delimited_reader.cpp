@@ -9,7 +9,7 @@
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 namespace {
 
 class DelimitedReader final : public run::PointReader {
@@ -17,8 +17,10 @@ class DelimitedReader final : public run::PointReader {
   explicit DelimitedReader(const run::SourceContext& context)
       : lines_(context.lines),
         counts_(context.counts),
+        doubts_(context.doubts),
         fields_(context.settings.sourceDelimited),
-        latLong_(run::isLatLong(context.settings.SourceProjectionCode)) {}
+        latLong_(run::isLatLong(context.settings.SourceProjectionCode)),
+        form_(context.settings.latLongForm) {}
 
   bool check() override { return true; }
 
@@ -29,14 +31,13 @@ class DelimitedReader final : public run::PointReader {
         passOver(line, counts_.withoutDelimiter);
         continue;
       }
-      DelimitedLine::Field field;
-      while (fields_.next(field)) store(point, field.code, field.text);
-      if (point.InNorthLat != 0.0 && point.InEastLon != 0.0) {
+      if (takePoint(point)) {
         point.sourceLine = lines_.lineNumber();
         return run::ReadState::Point;
       }
       passOver(line, counts_.zeroCoordinate);
       run::resetPoint(point);
+      doubts_.clear();
     }
     return run::ReadState::End;
   }
@@ -47,17 +48,36 @@ class DelimitedReader final : public run::PointReader {
     run::addTo(comment ? counts_.comment : tally, lines_.lineNumber());
   }
 
+  /// Takes the fields of the line; false when a coordinate is zero.
+  bool takePoint(run::PointRecord& point) {
+    latitude_ = longitude_ = {};
+    textBehind_ = false;
+    DelimitedLine::Field field;
+    while (fields_.next(field)) store(point, field.code, field.text);
+    if (latLong_) {
+      if (isZero(latitude_) || isZero(longitude_)) return false;
+      run::takeAngles(point, latitude_, longitude_, doubts_);
+    } else if (point.InNorthLat == 0.0 || point.InEastLon == 0.0) {
+      return false;
+    }
+    if (textBehind_) doubts_.raise(run::Doubt::TextBehindNumber);
+    return true;
+  }
+
+  static bool isZero(const text::AngleReading& angle) {
+    return angle.degrees == 0.0 && angle.fault == text::AngleFault::None;
+  }
+
   void store(run::PointRecord& point, std::int16_t code, std::string_view field) {
     switch (code) {
       case kFieldY:
-        point.InNorthLat = coordinate(field);
+        takeCoordinate(field, point.InNorthLat, latitude_, text::AngleAxis::Latitude);
         break;
       case kFieldX:
-        point.InEastLon = coordinate(field);
+        takeCoordinate(field, point.InEastLon, longitude_, text::AngleAxis::Longitude);
         break;
       case kFieldElevation:
-        point.Elevation = text::leadingNumber(field);
-        point.elevationDecimals = text::missingDecimals(field);
+        takeElevation(point, text::parseLeadingNumber(field, textBehind_));
         break;
       case kFieldComment:
       case kFieldGeopakComment:
@@ -75,12 +95,28 @@ class DelimitedReader final : public run::PointReader {
     }
   }
 
-  double coordinate(std::string_view field) { return coordinateValue(field, latLong_, scratch_); }
+  static void takeElevation(run::PointRecord& point, const text::LeadingNumber& number) {
+    point.Elevation = number.value;
+    point.elevationAccuracy = text::writtenAccuracy(number);
+  }
+
+  void takeCoordinate(std::string_view field, double& length, text::AngleReading& angle, text::AngleAxis axis) {
+    if (latLong_) {
+      angle = text::readAngle(field, form_, axis, scratch_);
+    } else {
+      length = text::leadingNumber(field, textBehind_);
+    }
+  }
 
   text::LineReader& lines_;
   run::RecordCounts& counts_;
+  run::DoubtFlags& doubts_;
   DelimitedLine fields_;
   const bool latLong_;
+  const text::AngleForm form_;
+  text::AngleReading latitude_;
+  text::AngleReading longitude_;
+  bool textBehind_ = false;
   std::string scratch_;
 };
 
@@ -97,4 +133,4 @@ std::string_view cleanTextField(std::string_view text) {
   return text.substr(0, text.find('"'));
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

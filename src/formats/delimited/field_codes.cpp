@@ -6,7 +6,7 @@
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 
 const std::array<FieldKind, 26> kFieldKinds = {{
     {"YCoord-Northing-Latitude", "Y Coordinate"},
@@ -81,7 +81,7 @@ const std::string* textField(const Point& point, std::int16_t code) {
 
 std::vector<std::int16_t> parseFieldCodes(std::string_view fieldCodes) {
   std::vector<std::int16_t> codes;
-  // Blanks behind the last code are no code.
+  // Blanks after the last code are not a code.
   while (!text::trimBlanks(fieldCodes).empty()) {
     const std::size_t end = std::min(fieldCodes.find('~'), fieldCodes.size());
     const text::LeadingNumber number = text::parseLeadingNumber(fieldCodes.substr(0, end));
@@ -92,4 +92,4 @@ std::vector<std::int16_t> parseFieldCodes(std::string_view fieldCodes) {
   return codes;
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

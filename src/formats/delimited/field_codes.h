@@ -9,7 +9,7 @@
 
 #include "run/point_record.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 
 enum DelimitedFieldCode : std::int16_t {
   kFieldY = 0,
@@ -52,8 +52,8 @@ std::string_view fieldHeaderName(int code);
 std::string* textField(run::PointRecord& point, std::int16_t code);
 const std::string* textField(const run::PointRecord& point, std::int16_t code);
 
-/// The codes of a field list such as " 0~ 1~ 25~", in order. An item that is no code from 0 to 255 is `kFieldNone`: it
-/// takes a field and means nothing.
+/// The codes of a field list such as " 0~ 1~ 25~", in order. An item that is not a code from 0 to 255 is `kFieldNone`:
+/// it takes up a field and is ignored.
 std::vector<std::int16_t> parseFieldCodes(std::string_view fieldCodes);
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

@@ -7,7 +7,7 @@
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 namespace {
 
 using Refusal = FormatEditor::Refusal;
@@ -27,7 +27,7 @@ std::string oneLine(std::string_view text) {
   return line;
 }
 
-/// What stands for a field in the list of fields.
+/// The text of a field in the list of fields.
 std::string fieldName(std::int16_t code) {
   if (code == kFieldNone) return "(no field)";
   if (code < static_cast<std::int16_t>(kFieldKinds.size())) {
@@ -38,14 +38,14 @@ std::string fieldName(std::int16_t code) {
   return name + ')';
 }
 
-/// The position in a list of codes where the one of that number begins.
+/// The position in a list of codes where the given one begins.
 std::size_t codeStart(std::string_view fieldCodes, std::size_t number) {
   std::size_t start = 0;
   for (; number > 0; --number) start = std::min(fieldCodes.find('~', start), fieldCodes.size() - 1) + 1;
   return start;
 }
 
-/// The 8-bit character that a UTF-8 text begins with, or nothing when its first character is none.
+/// The 8-bit character that a UTF-8 text begins with, or nothing when its first character is not one.
 std::optional<char> firstCharacter(std::string_view text) {
   const auto first = static_cast<unsigned char>(text.front());
   if (first < 0x80U) return text.front();
@@ -53,7 +53,7 @@ std::optional<char> firstCharacter(std::string_view text) {
   return static_cast<char>((first & 0x03U) << 6U | (static_cast<unsigned char>(text[1]) & 0x3FU));
 }
 
-/// Gives the new position of an entry when one entry is removed; the first one stands in for that.
+/// Gives the new position of an entry when one entry is removed; the first one takes the place of that entry.
 std::size_t withoutEntry(std::size_t entry, std::size_t removed) {
   if (entry == removed) return 0;
   return entry > removed ? entry - 1 : entry;
@@ -169,7 +169,7 @@ Refusal FormatEditor::addField(std::int16_t code) {
   const std::size_t fields = starts.size() - 1;
   const std::size_t field = cursor_ == starts.back() ? fields : heldField(starts);
   std::string& codes = shown().fieldCodes;
-  // A list that was written by hand may lack its last mark.
+  // A list that was written by hand may lack its last "~".
   const bool markLacks =
       field == fields && static_cast<std::size_t>(std::count(codes.begin(), codes.end(), '~')) < fields;
   if (markLacks) codes += '~';
@@ -262,4 +262,4 @@ void FormatEditor::choose(run::RunSettings& settings) {
   }
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

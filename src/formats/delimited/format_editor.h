@@ -1,8 +1,8 @@
 /// The editor of the delimited formats, without its window: the table, the entry that is shown, the cursor among its
 /// fields, and what may not be changed.
 ///
-/// Every change either happens at once in the table or is refused with a message; then nothing has changed. Texts are
-/// UTF-8, but for the list of fields and the delimiter, which are in the 8-bit characters that a delimiter is one of.
+/// Every change either takes effect in the table at once or is refused with a message and changes nothing. Texts are
+/// UTF-8, except the list of fields and the delimiter, which are in 8-bit characters.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@
 #include "run/message.h"
 #include "run/run_settings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 
 enum class EditorPurpose { InputFile, OutputFile, Utility };
 
@@ -48,16 +48,16 @@ class FormatEditor {
   // The entries.
   std::size_t index() const { return index_; }
   const run::DelimitedFormat& format() const { return formats_.table[index_]; }
-  /// The names as the list shows them. A new format's asks for another name until it gets one, and is shorter in the
-  /// table.
+  /// The names as the list shows them. The text for a new format asks for a name until it gets one; in the table that
+  /// text is shorter.
   const std::vector<std::string>& listNames() const { return listNames_; }
   void show(std::size_t index);
   [[nodiscard]] Refusal addFormat();
   [[nodiscard]] Refusal copyFormat();
-  /// Then the entry that moves up into its place is shown, or the last one.
+  /// Afterwards the entry that moves up into its place is shown, or the last one.
   [[nodiscard]] Refusal removeFormat();
-  /// Takes a name that was typed over the one in the list. Line breaks become blanks; a text without a character that
-  /// can be seen leaves the old name.
+  /// Takes a name that was typed over the one in the list. Line breaks become blanks; a text without a visible
+  /// character leaves the old name.
   [[nodiscard]] Refusal rename(std::string_view typed);
 
   // The fields of the entry.
@@ -66,15 +66,16 @@ class FormatEditor {
   /// A position in that text, from 0 to its length.
   std::size_t cursor() const { return cursor_; }
   void placeCursor(std::size_t position);
-  /// The field that holds the cursor: at a boundary the one that begins there, at the end of the text the last one.
+  /// The field that holds the cursor: at a boundary the one that begins there; at the end of the text, the last one.
   Place fieldAtCursor() const;
-  /// To the start of a field, or from the last one's to the end of the list, where fields are added behind it.
+  /// To the start of the next or previous field, and from the last one to the end of the list, where fields are
+  /// appended.
   void nextField();
   void previousField();
-  /// Adds a field, code 0 to 25, at the cursor: in front of the field that holds it, or behind the last one. The cursor
-  /// comes to stand behind the new field.
+  /// Adds a field, code 0 to 25, at the cursor: before the field that holds it, or after the last one. The cursor ends
+  /// up after the new field.
   [[nodiscard]] Refusal addField(std::int16_t code);
-  /// Removes the field that holds the cursor, which stays at that place.
+  /// Removes the field that holds the cursor; the cursor stays in place.
   [[nodiscard]] Refusal deleteField();
 
   // The rest of the entry.
@@ -86,10 +87,10 @@ class FormatEditor {
   [[nodiscard]] Refusal setLatLongFormat(std::uint8_t latLongFormat);
   /// A header is one line: line breaks become blanks.
   [[nodiscard]] Refusal setHeader(std::string_view header);
-  /// The header names of the fields, each with the delimiter behind it, up to a code that has none.
+  /// The header names of the fields, each with the delimiter after it, up to a code that has none.
   [[nodiscard]] Refusal generateHeader();
   [[nodiscard]] Refusal includeHeader(bool include);
-  /// The answer to a wish to change anything of the entry.
+  /// Whether the entry may be changed; otherwise why not.
   [[nodiscard]] Refusal mayChange() const;
 
   bool unsaved() const { return formats_.table != formats_.saved; }
@@ -113,4 +114,4 @@ class FormatEditor {
   std::size_t cursor_ = 0;
 };
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

@@ -2,19 +2,20 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <optional>
 #include <string_view>
-#include <system_error>
+#include <utility>
 
 #include "formats/delimited/delimited_line.h"
 #include "formats/delimited/delimited_writer.h"
 #include "formats/delimited/field_codes.h"
 #include "run/projection_code.h"
+#include "text/angle.h"
+#include "text/file_identity.h"
 #include "text/line_reader.h"
 #include "text/number.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 namespace {
 
 constexpr std::size_t kLines = 20;
@@ -61,6 +62,14 @@ std::string wholeText(std::size_t value) {
   return text;
 }
 
+bool isZeroCoordinate(std::string_view field, bool latLong, std::string& scratch) {
+  if (!latLong) return text::leadingNumber(field) == 0.0;
+  // For zero the form makes no difference.
+  const text::AngleReading angle =
+      text::readAngle(field, text::AngleForm::DecimalDegrees, text::AngleAxis::Latitude, scratch);
+  return angle.degrees == 0.0 && angle.fault == text::AngleFault::None;
+}
+
 PreviewRow divide(DelimitedLine& fields, std::string_view line, bool latLong, std::string& scratch) {
   if (!fields.start(line)) return {.cells = {{.text = std::string(line)}}, .undivided = true};
   PreviewRow row;
@@ -69,7 +78,7 @@ PreviewRow divide(DelimitedLine& fields, std::string_view line, bool latLong, st
   DelimitedLine::Field field;
   while (fields.next(field)) {
     const bool coordinate = field.code == kFieldY || field.code == kFieldX;
-    const bool zero = coordinate && coordinateValue(field.text, latLong, scratch) == 0.0;
+    const bool zero = coordinate && isZeroCoordinate(field.text, latLong, scratch);
     if (coordinate) found[static_cast<std::size_t>(field.code)] = !zero;
     row.cells.push_back({.text = std::string(field.text), .zeroCoordinate = zero});
   }
@@ -114,10 +123,7 @@ std::string noteOnHeader(const run::DelimitedFormat& format) {
 
 SourceStart readSourceStart(const std::string& fileName) {
   if (fileName.empty()) return {{}, "No source file is chosen yet."};
-  std::error_code unknown;
-  const auto type = std::filesystem::status(fileName, unknown).type();
-  const bool odd = type != std::filesystem::file_type::regular && type != std::filesystem::file_type::not_found;
-  if (odd) return {{}, fileName + " is no ordinary file and is not looked into."};
+  if (std::string reason = text::whyNotLookedInto(fileName); !reason.empty()) return {{}, std::move(reason)};
   SourceStart start;
   text::LineReader lines;
   lines.open(fileName);
@@ -162,4 +168,4 @@ FormatPreview previewTarget(const run::DelimitedFormat& format, run::RunSettings
   return preview;
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

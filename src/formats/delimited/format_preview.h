@@ -1,4 +1,4 @@
-/// What a delimited format makes of a file, shown while the format is edited.
+/// How a delimited format divides a file, shown while the format is edited.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 #include "run/run_settings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::delimited {
 
 struct PreviewCell {
   std::string text = {};
-  /// A northing, easting or angle that reads as 0: its line is no point.
+  /// A northing, easting or angle that reads as 0: its line is not a point.
   bool zeroCoordinate = false;
 };
 
@@ -31,11 +31,11 @@ struct FormatPreview {
 /// The first lines of a source file, cut off where they are very long.
 struct SourceStart {
   std::vector<std::string> lines;
-  /// Why there are none, or no more of them; empty when all is well.
+  /// Why there are none or no more lines; empty when there is no error.
   std::string problem;
 };
 
-/// Reads no more than the first 20 lines, and none of what is no ordinary file.
+/// Reads no more than the first 20 lines, and only of ordinary files.
 SourceStart readSourceStart(const std::string& fileName);
 
 /// Those lines as the format divides them. `latLong`: of a source in latitude and longitude.
@@ -49,4 +49,4 @@ enum class SampleSystems {
 /// A sample point with every field filled, as the writer writes it in the format, below the header if there is one.
 FormatPreview previewTarget(const run::DelimitedFormat& format, run::RunSettings settings, SampleSystems systems);
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::delimited

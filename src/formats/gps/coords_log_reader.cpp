@@ -15,13 +15,13 @@
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::gps {
 namespace {
 
 constexpr std::size_t kNumberLength = 4;
 constexpr std::size_t kValueColumn = 47;
 
-/// What the header of a listing says of the system of its coordinates, and what the listing is without it.
+/// What the header of a listing has to say about the coordinate system, and the complaint when it does not.
 struct ListedSystem {
   std::int16_t projectionCode;
   std::string_view system;
@@ -37,12 +37,12 @@ constexpr std::string_view kPlane = "state plane coordinates";
 constexpr ListedSystem kListedSystems[] = {
     {run::kLatLongNad83, "Geographic", kAngles, "Global", kAngles},
     {run::kLatLongNad27, "Geographic", kAngles, "Global", kAngles},
-    {2, kLambert, kPlane, "Calvadora North", "Calvadora North state plane coordinates"},
-    {3, kLambert, kPlane, "Calvadora Central", "Calvadora Central state plane coordinates"},
-    {4, kLambert, kPlane, "Calvadora South", "Calvadora South state plane coordinates"},
+    {run::kStatePlaneNorth, kLambert, kPlane, "Calvadora North", "Calvadora North state plane coordinates"},
+    {run::kStatePlaneCentral, kLambert, kPlane, "Calvadora Central", "Calvadora Central state plane coordinates"},
+    {run::kStatePlaneSouth, kLambert, kPlane, "Calvadora South", "Calvadora South state plane coordinates"},
 };
 
-/// Null for a system whose name is not looked at.
+/// Null for a system whose name is not checked.
 const ListedSystem* listedSystem(std::int16_t projectionCode) {
   const auto* const found = std::ranges::find(kListedSystems, projectionCode, &ListedSystem::projectionCode);
   return found == std::end(kListedSystems) ? nullptr : found;
@@ -53,14 +53,14 @@ bool holds(std::string_view line, std::string_view tag) {
 }
 
 bool isBlank(std::string_view line) {
-  return text::trimBlanks(line).empty();
+  return text::unlessBlank(line).empty();
 }
 
 std::string without(std::string_view contents) {
   return "This Trimble Coords.log file does not contain " + std::string(contents) + ".  Please correct this.";
 }
 
-/// What is wrong with a line of the header, empty for nothing.
+/// What is wrong with a line of the header; empty when it is right.
 std::string headerFault(std::string_view line, const ListedSystem* expected) {
   if (holds(line, "Datum") && text::columnsFrom(line, 9) != "NAD-83") {
     return "This Trimble Coords.log file is not for the North American Datum of 1983.  Please correct this.";
@@ -77,8 +77,8 @@ std::string headerFault(std::string_view line, const ListedSystem* expected) {
 
 enum ValueIndex : std::size_t { Latitude, Northing, Longitude, Easting, EllipsoidHeight, Elevation, GeoidHeight };
 
-/// Appends degrees, minutes or seconds. A single digit gets the zero that packing takes for granted: without it the
-/// digits behind it would slip by one place.
+/// Appends degrees, minutes or seconds. A single digit gets a leading zero, which packing requires: without it the
+/// digits after it would shift by one place.
 void appendPart(std::string& packed, std::string_view part) {
   part = text::trimBlanks(part);
   const std::size_t whole = std::min(part.find_first_not_of("0123456789"), part.size());
@@ -103,7 +103,7 @@ struct ValueLine {
   void (*take)(std::string&, std::string_view line);
 };
 
-/// By `ValueIndex`; a line that holds several tags is that of the first.
+/// By `ValueIndex`; a line that holds several tags counts as the first of them. Every tag has one "=", at its end.
 constexpr std::array<ValueLine, 7> kValueLines = {{
     {"LAT=", takePackedAngle},
     {"Y=", takeText<61>},
@@ -114,12 +114,27 @@ constexpr std::array<ValueLine, 7> kValueLines = {{
     {"GEOID HT=", takeText<63>},
 }};
 
+/// The place of the line's tag in the table, its size for none.
+std::size_t valueIndex(std::string_view line) {
+  const std::size_t sign = line.find('=');
+  if (sign == std::string_view::npos) return kValueLines.size();
+  const std::string_view label = line.substr(0, sign + 1);
+  const char letter = sign == 0 ? '\0' : line[sign - 1];
+  const bool only = line.find('=', sign + 1) == std::string_view::npos;
+  const auto* const found = std::ranges::find_if(kValueLines, [&](const ValueLine& value) {
+    if (!only) return holds(line, value.tag);
+    // The letter in front of the sign tells most of them apart.
+    return value.tag[value.tag.size() - 2] == letter && label.ends_with(value.tag);
+  });
+  return static_cast<std::size_t>(found - kValueLines.begin());
+}
+
 struct Value {
   std::string text;
   std::uint64_t line = 0;  ///< 0 when the block does not have it
 };
 
-/// The number at the head of a text, as it is written there.
+/// The text of the number at the beginning of a text.
 void takeHeight(std::string& height, const Value& value) {
   const std::size_t length = text::parseLeadingNumber(value.text).length;
   height = length == 0 ? "0" : std::string_view(value.text).substr(0, length);
@@ -130,6 +145,7 @@ class CoordsLogReader final : public run::PointReader {
   CoordsLogReader(const run::SourceContext& context, bool numberInDescription)
       : lines_(context.lines),
         counts_(context.counts),
+        doubts_(context.doubts),
         message_(context.message),
         listed_(listedSystem(context.settings.SourceProjectionCode)),
         angles_(run::isLatLong(context.settings.SourceProjectionCode)),
@@ -165,7 +181,7 @@ class CoordsLogReader final : public run::PointReader {
     message_ = {.text = std::move(text), .title = "Invalid Trimble Coords.log file", .icon = run::Icon::Exclamation};
   }
 
-  /// Reads the header with the line of headings and the one below it. What is wrong with it, empty for nothing.
+  /// Reads the header with the line of headings and the one below it. What is wrong with it; empty when it is right.
   std::string headerFault() {
     std::string_view line;
     while (lines_.next(line)) {
@@ -173,7 +189,7 @@ class CoordsLogReader final : public run::PointReader {
         if (lines_.next(line)) return {};
         break;
       }
-      if (std::string fault = formats::headerFault(line, listed_); !fault.empty()) return fault;
+      if (std::string fault = gps::headerFault(line, listed_); !fault.empty()) return fault;
     }
     return without("valid coordinates");
   }
@@ -192,7 +208,7 @@ class CoordsLogReader final : public run::PointReader {
     point.description = description;
   }
 
-  /// Reads up to the blank line behind the block. False when the file ends before it.
+  /// Reads up to the blank line after the block. False when the file ends before it.
   bool takeValues() {
     std::string_view line;
     while (lines_.next(line)) {
@@ -203,31 +219,39 @@ class CoordsLogReader final : public run::PointReader {
   }
 
   void takeValue(std::string_view line) {
-    for (std::size_t i = 0; i < kValueLines.size(); ++i) {
-      if (!holds(line, kValueLines[i].tag)) continue;
-      values_[i].line = lines_.lineNumber();
-      kValueLines[i].take(values_[i].text, line);
-      return;
-    }
+    const std::size_t i = valueIndex(line);
+    if (i == kValueLines.size()) return;
+    if (values_[i].line != 0) doubts_.raise(run::Doubt::RunTogether);
+    values_[i].line = lines_.lineNumber();
+    kValueLines[i].take(values_[i].text, line);
   }
 
-  void takeHeights(run::PointRecord& point) const {
+  void takeHeights(run::PointRecord& point) {
     const Value& elevation = values_[Elevation];
-    point.Elevation = text::leadingNumber(elevation.text);
-    // An elevation that the listing does not have says nothing about its precision.
-    if (elevation.line != 0) point.elevationDecimals = text::missingDecimals(elevation.text);
+    bool textBehind = false;
+    const text::LeadingNumber number = text::parseLeadingNumber(elevation.text, textBehind);
+    point.Elevation = number.value;
+    if (textBehind) doubts_.raise(run::Doubt::TextBehindNumber);
+    // A missing elevation says nothing about precision.
+    if (elevation.line != 0) point.elevationAccuracy = text::writtenAccuracy(number);
     takeHeight(point.ellipsoidHeight, values_[EllipsoidHeight]);
     takeHeight(point.geoidHeight, values_[GeoidHeight]);
   }
 
-  /// False, with the message, when a northing or easting is no number.
+  /// False, with the message, when a northing or easting is not a number.
   bool takeCoordinates(run::PointRecord& point) {
     if (angles_) {
-      point.InNorthLat = text::leadingNumber(values_[Latitude].text);
-      point.InEastLon = text::leadingNumber(values_[Longitude].text);
+      run::takeAngles(point, angle(values_[Latitude]), angle(values_[Longitude]), doubts_);
       return true;
     }
     return takeGrid(point.InNorthLat, values_[Northing]) && takeGrid(point.InEastLon, values_[Easting]);
+  }
+
+  static text::AngleReading angle(const Value& value) {
+    bool textBehind = false;
+    text::AngleReading reading = text::unpackSeconds(text::leadingNumber(value.text, textBehind));
+    reading.textBehind = textBehind;
+    return reading;
   }
 
   bool takeGrid(double& coordinate, const Value& value) {
@@ -243,6 +267,7 @@ class CoordsLogReader final : public run::PointReader {
 
   text::LineReader& lines_;
   run::RecordCounts& counts_;
+  run::DoubtFlags& doubts_;
   run::Message& message_;
   const ListedSystem* const listed_;
   const bool angles_;
@@ -261,4 +286,4 @@ std::unique_ptr<run::PointReader> makeCoordsLogNumberInDescriptionReader(const r
   return std::make_unique<CoordsLogReader>(context, true);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::gps

@@ -7,7 +7,7 @@
 #include "text/angle.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::gps {
 namespace {
 
 void appendWithoutCommas(std::string& line, std::string_view text) {
@@ -17,7 +17,7 @@ void appendWithoutCommas(std::string& line, std::string_view text) {
 class DelormeWriter final : public run::PointWriter {
  public:
   explicit DelormeWriter(const run::TargetContext& context) : lines_(context.lines), symbol_(",") {
-    appendWithoutCommas(symbol_, context.settings.delormeSymbol);
+    appendWithoutCommas(symbol_, context.settings.options.delorme.symbol);
   }
 
   bool begin() override { return lines_.writeLine("Begin Symbol"); }
@@ -38,7 +38,7 @@ class DelormeWriter final : public run::PointWriter {
 
  private:
   text::LineWriter& lines_;
-  std::string symbol_;  ///< with the comma in front of it
+  std::string symbol_;  ///< with the comma before it
   std::string line_;
 };
 
@@ -48,4 +48,4 @@ std::unique_ptr<run::PointWriter> makeDelormeWriter(const run::TargetContext& co
   return std::make_unique<DelormeWriter>(context);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::gps

@@ -7,7 +7,7 @@
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::gps {
 namespace {
 
 constexpr std::string_view kSeparator = ", ";
@@ -23,9 +23,9 @@ void appendQuoted(std::string& line, std::string_view text) {
 class MaptechWriter final : public run::PointWriter {
  public:
   explicit MaptechWriter(const run::TargetContext& context)
-      : lines_(context.lines), symbology_(context.settings.maptechColor) {
+      : lines_(context.lines), symbology_(context.settings.options.maptech.color) {
     symbology_ += kSeparator;
-    text::appendWhole(symbology_, context.settings.maptechSymbol);
+    text::appendWhole(symbology_, context.settings.options.maptech.symbol);
   }
 
   bool begin() override { return true; }
@@ -58,4 +58,4 @@ std::unique_ptr<run::PointWriter> makeMaptechWriter(const run::TargetContext& co
   return std::make_unique<MaptechWriter>(context);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::gps

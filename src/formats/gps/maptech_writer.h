@@ -5,12 +5,12 @@
 
 #include "run/formats.h"
 
-namespace tovak::formats {
+namespace tovak::formats::gps {
 
 /// A writer of lines `latitude, longitude, "name", "number", "comment", colour, symbol`, which the Maptech source reads
 /// back. Angles are decimal degrees with seven decimals, west negative. The texts lose their double quotes, and blanks
-/// take the place of their commas, at which readers split even inside quotes. Colour and symbol are `maptechColor` and
-/// `maptechSymbol`. The target has to be latitude and longitude on NAD83.
+/// take the place of their commas, at which readers split even inside quotes. Colour and symbol are `maptech.color` and
+/// `maptech.symbol`. The target has to be latitude and longitude on NAD83.
 std::unique_ptr<run::PointWriter> makeMaptechWriter(const run::TargetContext& context);
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::gps

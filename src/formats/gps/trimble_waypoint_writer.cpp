@@ -9,8 +9,9 @@
 #include "text/angle.h"
 #include "text/characters.h"
 #include "text/number.h"
+#include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::gps {
 namespace {
 
 constexpr std::size_t kNameLength = 11;
@@ -26,10 +27,11 @@ class TrimbleWaypointWriter final : public run::PointWriter {
  public:
   explicit TrimbleWaypointWriter(const run::TargetContext& context)
       : lines_(context.lines),
+        doubts_(context.doubts),
         accuracy_(context.settings.accuracy),
         angles_(run::isLatLong(context.settings.TargetProjectionCode)),
         unknownHeight_(run::TargetUnitStepText(context.settings.target.metres)),
-        preferred_(preferredField(context.settings.waypointName)) {}
+        preferred_(preferredField(context.settings.options.waypoints.name)) {}
 
   bool begin() override { return true; }
 
@@ -40,10 +42,12 @@ class TrimbleWaypointWriter final : public run::PointWriter {
     if (point.Elevation == 0.0) {
       line_ += unknownHeight_;
     } else {
-      text::appendPrecision(line_, point.Elevation, accuracy_);
+      text::formatPrecision(line_, point.Elevation, accuracy_);
     }
     line_ += ",\"";
-    line_ += name(point);
+    const std::string_view text = name(point);
+    if (text.find('"') != std::string_view::npos) doubts_.raise(run::Doubt::ShiftedColumns);
+    line_ += text;
     line_ += '"';
     return lines_.writeLine(line_);
   }
@@ -55,15 +59,15 @@ class TrimbleWaypointWriter final : public run::PointWriter {
     if (angles_) {
       text::appendDecimalDegrees(line_, value);
     } else {
-      text::appendPrecision(line_, value, accuracy_);
+      text::formatPrecision(line_, value, accuracy_);
     }
     line_ += ',';
   }
 
   std::string_view name(const run::PointRecord& point) const {
-    std::string_view name = point.*preferred_;
+    std::string_view name = text::unlessBlank(point.*preferred_);
     for (const std::string* const other : {&point.pointNumber, &point.description, &point.station}) {
-      if (name.empty()) name = *other;
+      if (name.empty()) name = text::unlessBlank(*other);
     }
     if (name.starts_with('"')) name.remove_prefix(1);
     if (name.ends_with('"')) name.remove_suffix(1);
@@ -71,7 +75,8 @@ class TrimbleWaypointWriter final : public run::PointWriter {
   }
 
   text::LineWriter& lines_;
-  const int accuracy_;
+  run::DoubtFlags& doubts_;
+  const text::Accuracy accuracy_;
   const bool angles_;
   const std::string_view unknownHeight_;
   const TextField preferred_;
@@ -84,4 +89,4 @@ std::unique_ptr<run::PointWriter> makeTrimbleWaypointWriter(const run::TargetCon
   return std::make_unique<TrimbleWaypointWriter>(context);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::gps

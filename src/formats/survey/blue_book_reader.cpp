@@ -1,7 +1,7 @@
 #include "formats/survey/blue_book_reader.h"
 
+#include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -9,16 +9,17 @@
 
 #include "formats/survey/blue_book_record.h"
 #include "run/default_numbering.h"
+#include "text/angle.h"
 #include "text/fixed_columns.h"
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 namespace {
 
 constexpr std::size_t kRecordLength = 80;
 
-/// A number without a written decimal point, which stands behind column `lastWhole`.
+/// A number without a written decimal point; the point is implied after column `lastWhole`.
 struct ImpliedField {
   std::size_t first;
   std::size_t lastWhole;
@@ -40,10 +41,10 @@ bool isBlank(std::string_view record, const ImpliedField& field) {
   return text::isBlank(record, field.first, field.last);
 }
 
-/// The number of a field, nothing when it is blank or no number.
+/// The number of a field; nothing when it is blank or not a number.
 std::optional<double> numberIn(std::string_view record, const ImpliedField& field) {
   const std::string_view digits = text::columns(record, field.first, field.last);
-  // A point or an exponent among the digits would make another number of them.
+  // A point or an exponent among the digits would change the number.
   if (digits.find_first_not_of("0123456789+- ") != std::string_view::npos) return std::nullopt;
   const std::size_t whole = field.lastWhole + 1 - field.first;
   std::array<char, 16> joined;
@@ -53,18 +54,11 @@ std::optional<double> numberIn(std::string_view record, const ImpliedField& fiel
   return text::strictNumber({joined.data(), static_cast<std::size_t>(end - joined.data())});
 }
 
-/// How many of three decimals the field lacks.
-int missingDecimals(std::string_view record, const ImpliedField& field) {
+/// Blanks after the digits are decimals left out.
+text::Accuracy writtenAccuracy(std::string_view record, const ImpliedField& field) {
   const std::string_view digits = text::columns(record, field.first, field.last);
   const std::size_t blanks = digits.size() - 1 - digits.find_last_not_of(' ');
-  return static_cast<int>(3 - field.decimals() + blanks);
-}
-
-/// A packed angle in the form in which the run cannot mistake it. Below 1000 it would count as DD.MMSSsss, but the
-/// columns say that it is minutes and seconds: within ten minutes of the equator or of Greenwich it is given as
-/// DD.MMSSsss indeed.
-double unmistakable(double packed) {
-  return std::fabs(packed) < 1000.0 ? packed / 10000.0 : packed;
+  return static_cast<text::Accuracy>(std::min<std::size_t>(3 - field.decimals() + blanks, 3));
 }
 
 class BlueBookReader final : public run::PointReader {
@@ -73,9 +67,10 @@ class BlueBookReader final : public run::PointReader {
       : lines_(context.lines),
         settings_(context.settings),
         counts_(context.counts),
+        doubts_(context.doubts),
         message_(context.message),
         code_(blue_book::positionCode(context.settings.SourceProjectionCode)),
-        heightUnit_(blue_book::heightUnit(context.settings.source)) {}
+        unit_(run::unitOf(context.settings.source)) {}
 
   bool check() override {
     std::string_view line;
@@ -89,20 +84,20 @@ class BlueBookReader final : public run::PointReader {
 
   run::ReadState read(run::PointRecord& point) override {
     if (!atPosition_) return run::ReadState::End;
-    point.sourceLine = lines_.lineNumber();  // the read-ahead ended with this record
+    point.sourceLine = lines_.lineNumber();  // the read-ahead stopped at this record
     if (!takePosition(point)) return stopAt(code_);
     return readAhead(point) ? run::ReadState::Point : stopAt(blue_book::kHeightCode);
   }
 
  private:
-  /// A record as if padded with blanks, so that a number cut off by the end of the line is not taken for a whole one.
+  /// A record padded with blanks, so that a number cut off by the end of the line is noticed.
   void keep(std::string_view line) {
     record_ = text::columns(line, 1, kRecordLength);
     record_.resize(kRecordLength, ' ');
   }
 
-  /// The next line that is no position record. False when a position record is kept for the next point, and at the end
-  /// of the file.
+  /// The next line that is not a position record. False when a position record is kept for the next point, and at the
+  /// end of the file.
   bool nextOtherLine(std::string_view& line) {
     atPosition_ = false;
     if (!lines_.next(line)) return false;
@@ -141,7 +136,7 @@ class BlueBookReader final : public run::PointReader {
 
   bool takePosition(run::PointRecord& point) {
     point.pointNumber = text::columns(record_, 11, 14);
-    // Blank numbers are allowed to pass elsewhere, never in this format.
+    // The option to allow blank numbers does not apply to this format.
     if (text::isBlank(record_, 11, 14)) run::takeDefaultNumber(settings_, point.pointNumber);
     point.description = text::columns(record_, 15, 44);
     const bool taken = run::isLatLong(settings_.SourceProjectionCode) ? takeAngles(point) : takeGrid(point);
@@ -154,11 +149,9 @@ class BlueBookReader final : public run::PointReader {
     const std::optional<double> latitude = numberIn(record_, kLatitude);
     const std::optional<double> longitude = numberIn(record_, kLongitude);
     if (!latitude || !longitude) return false;
-    constexpr int kTwoDecimals = 1;
-    text::appendPrecision(point.reportNorthing, *latitude, kTwoDecimals);
-    text::appendPrecision(point.reportEasting, *longitude, kTwoDecimals);
-    point.InNorthLat = unmistakable(*latitude);
-    point.InEastLon = unmistakable(*longitude);
+    text::formatPrecision(point.reportNorthing, *latitude, text::Accuracy::Hundredth);
+    text::formatPrecision(point.reportEasting, *longitude, text::Accuracy::Hundredth);
+    run::takeAngles(point, text::unpackSeconds(*latitude), text::unpackSeconds(*longitude), doubts_);
     return true;
   }
 
@@ -166,8 +159,8 @@ class BlueBookReader final : public run::PointReader {
     const std::optional<double> easting = numberIn(record_, kFirstGrid);
     const std::optional<double> northing = numberIn(record_, kSecondGrid);
     if (!easting || !northing) return false;
-    point.InNorthLat = *northing;
-    point.InEastLon = *easting;
+    point.InNorthLat = run::convertLength(*northing, run::LengthUnit::metres, unit_);
+    point.InEastLon = run::convertLength(*easting, run::LengthUnit::metres, unit_);
     return true;
   }
 
@@ -176,8 +169,8 @@ class BlueBookReader final : public run::PointReader {
     if (isBlank(record_, field)) return true;
     const std::optional<double> metres = numberIn(record_, field);
     if (!metres) return false;
-    point.Elevation = run::convertLength(*metres, run::LengthUnit::metres, heightUnit_);
-    point.elevationDecimals = missingDecimals(record_, field);
+    point.Elevation = run::convertLength(*metres, run::LengthUnit::metres, unit_);
+    point.elevationAccuracy = writtenAccuracy(record_, field);
     return true;
   }
 
@@ -195,30 +188,25 @@ class BlueBookReader final : public run::PointReader {
   }
 
   bool takeHeights(run::PointRecord& point) {
-    if (!takeElevation(point, kOrthometricHeight) || !takeHeight(point.geoidHeight, kGeoidHeight) ||
-        !takeHeight(point.ellipsoidHeight, kEllipsoidHeight)) {
-      return false;
-    }
-    point.heightRemark = text::trimBlanks(text::columns(record_, 57, 73));
-    point.oblique = record_.find("OBLIQUE") != std::string::npos;
-    point.verticalDatum88 = text::columnAt(record_, 24) == 'G' && text::columns(record_, 28, 29) == "88";
-    return true;
+    return takeElevation(point, kOrthometricHeight) && takeHeight(point.geoidHeight, kGeoidHeight) &&
+           takeHeight(point.ellipsoidHeight, kEllipsoidHeight);
   }
 
   /// A blank field is a height of 0.
   bool takeHeight(std::string& height, const ImpliedField& field) {
     const std::optional<double> metres = isBlank(record_, field) ? 0.0 : numberIn(record_, field);
     if (!metres) return false;
-    text::appendFixed(height, run::convertLength(*metres, run::LengthUnit::metres, heightUnit_), 3);
+    text::appendFixed(height, run::convertLength(*metres, run::LengthUnit::metres, unit_), 3);
     return true;
   }
 
   text::LineReader& lines_;
   run::RunSettings& settings_;
   run::RecordCounts& counts_;
+  run::DoubtFlags& doubts_;
   run::Message& message_;
   const std::string_view code_;
-  const run::LengthUnit heightUnit_;
+  const run::LengthUnit unit_;
   std::string record_;  ///< the record being taken, then the next position record
   bool atPosition_ = false;
 };
@@ -229,4 +217,4 @@ std::unique_ptr<run::PointReader> makeBlueBookReader(const run::SourceContext& c
   return std::make_unique<BlueBookReader>(context);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

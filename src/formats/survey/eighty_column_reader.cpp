@@ -10,11 +10,11 @@
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 namespace {
 
 constexpr std::size_t kLineLength = 80;
-/// From here on a northing takes one column more, and the code one less.
+/// From this value on the northing takes one more column, and the code one less.
 constexpr double kWideNorthing = 1000000.0;
 
 run::Message fileMessage(std::string_view text) {
@@ -38,10 +38,15 @@ bool holdsStation(std::string_view line) {
   return metric || english;
 }
 
+/// The letter of a trailer group that replaces the first one of the class code.
+bool isMark(char letter) {
+  return letter >= 'A' && letter <= 'Z';
+}
+
 class EightyColumnReader final : public run::PointReader {
  public:
   explicit EightyColumnReader(const run::SourceContext& context)
-      : lines_(context.lines), counts_(context.counts), message_(context.message) {}
+      : lines_(context.lines), counts_(context.counts), doubts_(context.doubts), message_(context.message) {}
 
   bool check() override {
     lineAhead_ = nextPointLine();
@@ -59,6 +64,7 @@ class EightyColumnReader final : public run::PointReader {
     record_.assign(line_.substr(0, kLineLength));
     record_.resize(kLineLength, ' ');
     point.sourceLine = lines_.lineNumber();
+    textBehind_ = false;
     point.description = field(5, 34);
     point.InEastLon = number(35, 45);
     point.InNorthLat = number(46, 55);
@@ -68,6 +74,7 @@ class EightyColumnReader final : public run::PointReader {
     } else {
       takeOrdinaryFields(point);
     }
+    if (textBehind_) doubts_.raise(run::Doubt::TextBehindNumber);
     return run::ReadState::Point;
   }
 
@@ -83,7 +90,7 @@ class EightyColumnReader final : public run::PointReader {
   }
 
   void takeOrdinaryFields(run::PointRecord& point) {
-    // Lines without a number share the one given last.
+    // Lines without a number take the last one given.
     if (!text::isBlank(record_, 1, 4)) lastNumber_ = field(1, 4);
     point.pointNumber = lastNumber_;
     const bool wide = point.InNorthLat >= kWideNorthing;
@@ -91,10 +98,10 @@ class EightyColumnReader final : public run::PointReader {
     point.code = wide ? field(57, 57) : field(56, 57);
     point.phField = field(67, 69);
     point.owField = field(70, 73);
-    // Column 65 is the trailer group's and, for a third decimal, the elevation's.
+    // Column 65 belongs to the trailer group, and to the elevation when that has a third decimal.
     point.trailerGroup = field(65, 80);
     const char mark = point.trailerGroup.front();
-    if (mark >= 'A' && mark <= 'Z') point.classCode.front() = mark;
+    if (isMark(mark)) point.classCode.front() = mark;
     takeElevation(point);
   }
 
@@ -102,9 +109,10 @@ class EightyColumnReader final : public run::PointReader {
     const std::string_view elevation = field(58, 65);
     const std::size_t lastCharacter = elevation.find_last_not_of(' ');
     if (lastCharacter == std::string_view::npos) return;
-    point.Elevation = number(58, 65);
+    // A letter in the last column belongs to the trailer group.
+    point.Elevation = number(58, isMark(elevation.back()) ? 64 : 65);
     const std::size_t trailingBlanks = elevation.size() - 1 - lastCharacter;
-    point.elevationDecimals = static_cast<int>(std::min<std::size_t>(trailingBlanks, 3));
+    point.elevationAccuracy = static_cast<text::Accuracy>(std::min<std::size_t>(trailingBlanks, 3));
   }
 
   void takeAlignmentFields(run::PointRecord& point) {
@@ -119,14 +127,16 @@ class EightyColumnReader final : public run::PointReader {
   std::string_view field(std::size_t first, std::size_t last) const { return text::columns(record_, first, last); }
 
   double number(std::size_t first, std::size_t last) {
-    return text::leadingNumber(text::withoutBlanks(field(first, last), scratch_));
+    return text::leadingNumber(text::withoutBlanks(field(first, last), scratch_), textBehind_);
   }
 
   text::LineReader& lines_;
   run::RecordCounts& counts_;
+  run::DoubtFlags& doubts_;
   run::Message& message_;
-  std::string_view line_;   ///< the point line read last, as the file has it
-  bool lineAhead_ = false;  ///< no point has been made of it yet
+  bool textBehind_ = false;  ///< a number of the record has text after it
+  std::string_view line_;    ///< the point line read last, as the file has it
+  bool lineAhead_ = false;   ///< that line has not been used yet
   bool alignment_ = false;
   std::string record_;  ///< the line in exactly 80 columns
   std::string lastNumber_;
@@ -139,4 +149,4 @@ std::unique_ptr<run::PointReader> makeEightyColumnReader(const run::SourceContex
   return std::make_unique<EightyColumnReader>(context);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

@@ -8,8 +8,9 @@
 #include <string_view>
 
 #include "text/fixed_columns.h"
+#include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 namespace {
 
 /// Decimals by the run's accuracy.
@@ -25,23 +26,47 @@ bool hasThirdDecimal(double elevation) {
   return std::fabs(hundredths - std::nearbyint(hundredths)) > kBinaryNoise * std::fabs(hundredths);
 }
 
-/// Metric and English alignments name these two points the other way round.
+/// The decimals of coordinates and elevation at an accuracy.
+struct Decimals {
+  int coordinate;
+  int elevation;
+  int elevationWithThird;
+
+  explicit Decimals(text::Accuracy accuracy)
+      : coordinate(kCoordinateDecimals[static_cast<std::size_t>(accuracy)]),
+        elevation(kElevationDecimals[static_cast<std::size_t>(accuracy)]),
+        elevationWithThird(accuracy == text::Accuracy::Thousandth ? 3 : elevation) {}
+
+  int ofElevation(double value) const { return hasThirdDecimal(value) ? elevationWithThird : elevation; }
+};
+
+/// The widths of a coordinate in the alignment layout.
+constexpr std::size_t kEastingWidth = 11;
+constexpr std::size_t kNorthingWidth = 10;
+
+/// Puts the value into `number` with as many of the decimals as leave it within `width` characters. False when decimals
+/// were dropped or it is still too wide.
+bool maskWithin(std::string& number, double value, int decimals, std::size_t width) {
+  for (int left = decimals; left >= 0; --left) {
+    number.clear();
+    text::appendMasked(number, value, left);
+    if (number.size() <= width) return left == decimals;
+  }
+  return false;
+}
+
+/// Metric and English alignments use these two names the other way round.
 std::string_view exchangedPointType(std::string_view type) {
   if (type == "PISC") return "PICS";
   return type == "PICS" ? "PISC" : type;
-}
-
-std::string_view withoutBlanksBehind(std::string_view text) {
-  return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
 class EightyColumnWriter final : public run::PointWriter {
  public:
   explicit EightyColumnWriter(const run::TargetContext& context)
       : line_(context.lines),
-        coordinateDecimals_(kCoordinateDecimals[static_cast<std::size_t>(context.settings.accuracy)]),
-        elevationDecimals_(kElevationDecimals[static_cast<std::size_t>(context.settings.accuracy)]),
-        elevationDecimalsWithThird_(context.settings.accuracy == 0 ? 3 : elevationDecimals_),
+        doubts_(context.doubts),
+        decimals_(context.settings.accuracy),
         unitsChange_(context.settings.source.metres != context.settings.target.metres) {}
 
   bool begin() override { return true; }
@@ -52,6 +77,7 @@ class EightyColumnWriter final : public run::PointWriter {
     } else {
       putOrdinaryPoint(point);
     }
+    if (line_.takeBroken()) doubts_.raise(run::Doubt::TooWide);
     return line_.end();
   }
 
@@ -63,15 +89,15 @@ class EightyColumnWriter final : public run::PointWriter {
     line_.advanceTo(5);
     line_.put(point.description);
     line_.advanceTo(35);
-    putPointAt(8, masked(point.OutEastLon, coordinateDecimals_));
+    putPointAt(8, masked(point.OutEastLon, decimals_.coordinate));
     line_.advanceTo(49);
-    const std::string_view northing = masked(point.OutNorthLat, coordinateDecimals_);
-    // What is printed decides, since a reader sees nothing else.
+    const std::string_view northing = masked(point.OutNorthLat, decimals_.coordinate);
+    // The printed digits decide, since a reader sees nothing else.
     const bool wide = point.OutNorthLat > 0 && northing.find('.') > 6;
     putPointAt(wide ? 8 : 7, northing);
     line_.advanceTo(wide ? 57 : 56);
-    // A wide northing leaves the code one column; a blank behind it must not break the line.
-    line_.put(wide ? withoutBlanksBehind(point.code) : point.code);
+    // A wide northing leaves the code one column; a blank after it must not break the line.
+    line_.put(wide ? text::withoutBlanksBehind(point.code) : point.code);
     putElevationAndTrailer(point.Elevation, point.trailerGroup);
   }
 
@@ -81,33 +107,35 @@ class EightyColumnWriter final : public run::PointWriter {
     if (elevation == 0.0) {
       line_.put("       ");
     } else {
-      putPointAt(5, masked(elevation, third ? elevationDecimalsWithThird_ : elevationDecimals_));
+      putPointAt(5, masked(elevation, decimals_.ofElevation(elevation)));
     }
-    // A third decimal owns column 65 of the trailer group even where the accuracy leaves it unprinted.
+    // A third decimal takes column 65 of the trailer group even when the accuracy leaves it unprinted.
     line_.advanceTo(third ? 66 : 65);
     line_.put(third ? trailer.substr(trailer.empty() ? 0 : 1) : trailer);
   }
 
   void putAlignmentPoint(const run::PointRecord& point) {
-    // A point without a number keeps having none.
+    // A point without a number stays without one.
     if (!point.pointNumber.empty()) putNumber(point.pointNumber);
     line_.advanceTo(5);
     line_.put(point.description);
     line_.advanceTo(35);
-    putPointAt(8, maskedWithin(11, point.OutEastLon));
+    putPointAt(8, maskedWithin(kEastingWidth, point.OutEastLon));
     line_.advanceTo(46);
-    putRightAligned(10, maskedWithin(10, point.OutNorthLat));
+    putRightAligned(kNorthingWidth, maskedWithin(kNorthingWidth, point.OutNorthLat));
     line_.advanceTo(56);
     line_.put(unitsChange_ ? exchangedPointType(point.phField) : point.phField);
     line_.advanceTo(73);
     line_.put(point.owField);
     line_.advanceTo(77);
     line_.put(point.odField);
+    constexpr std::size_t kFieldWidth = 4;
+    if (point.odField.size() > kFieldWidth) doubts_.raise(run::Doubt::TooWide);
   }
 
   void putNumber(std::string_view pointNumber) {
     field_.clear();
-    text::appendFourDigits(field_, pointNumber);
+    if (!text::appendFourDigits(field_, pointNumber)) doubts_.raise(run::Doubt::TooWide);
     line_.put(field_);
   }
 
@@ -129,17 +157,14 @@ class EightyColumnWriter final : public run::PointWriter {
     return number_;
   }
 
-  /// With as many of the decimals as leave the number within `width` characters.
   std::string_view maskedWithin(std::size_t width, double value) {
-    int decimals = coordinateDecimals_;
-    while (masked(value, decimals).size() > width && decimals > 0) --decimals;
+    if (!maskWithin(number_, value, decimals_.coordinate, width)) doubts_.raise(run::Doubt::TooWide);
     return number_;
   }
 
   text::ColumnLine line_;
-  const int coordinateDecimals_;
-  const int elevationDecimals_;
-  const int elevationDecimalsWithThird_;
+  run::DoubtFlags& doubts_;
+  const Decimals decimals_;
   const bool unitsChange_;
   std::string number_;
   std::string field_;
@@ -147,8 +172,22 @@ class EightyColumnWriter final : public run::PointWriter {
 
 }  // namespace
 
+void eightyColumnFigures(const run::RunSettings& settings, const run::PointRecord& point, run::PointFigures& figures) {
+  const Decimals decimals(settings.accuracy);
+  figures = {};
+  if (point.alignmentPoint) {
+    maskWithin(figures.northing, point.OutNorthLat, decimals.coordinate, kNorthingWidth);
+    maskWithin(figures.easting, point.OutEastLon, decimals.coordinate, kEastingWidth);
+    return;
+  }
+  text::appendMasked(figures.northing, point.OutNorthLat, decimals.coordinate);
+  text::appendMasked(figures.easting, point.OutEastLon, decimals.coordinate);
+  const int places = decimals.ofElevation(point.Elevation);
+  if (point.Elevation != 0.0) text::appendMasked(figures.elevation, point.Elevation, places);
+}
+
 std::unique_ptr<run::PointWriter> makeEightyColumnWriter(const run::TargetContext& context) {
   return std::make_unique<EightyColumnWriter>(context);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

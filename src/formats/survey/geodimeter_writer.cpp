@@ -4,14 +4,15 @@
 #include <string_view>
 
 #include "text/number.h"
+#include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 namespace {
 
 /// The lines of one point.
 class LabelLines {
  public:
-  explicit LabelLines(int accuracy) : accuracy_(accuracy) {}
+  explicit LabelLines(text::Accuracy accuracy) : accuracy_(accuracy) {}
 
   void clear() { bytes_.clear(); }
   const std::string& bytes() const { return bytes_; }
@@ -24,12 +25,12 @@ class LabelLines {
 
   void addNumber(std::string_view label, double value) {
     bytes_ += label;
-    text::appendPrecision(bytes_, value, accuracy_);
+    text::formatPrecision(bytes_, value, accuracy_);
     bytes_ += text::LineWriter::kLineEnd;
   }
 
  private:
-  const int accuracy_;
+  const text::Accuracy accuracy_;
   std::string bytes_;
 };
 
@@ -40,9 +41,9 @@ void addCoordinates(LabelLines& lines, const run::PointRecord& point) {
 
 void addControlPoint(LabelLines& lines, const run::PointRecord& point) {
   lines.addText("5=", point.pointNumber);
-  lines.addText("4=", point.description);
+  lines.addText("4=", text::unlessBlank(point.description));
   addCoordinates(lines, point);
-  // An elevation of 0 is an unknown one: the instrument gets an empty value, not a height.
+  // An elevation of 0 means unknown: the instrument gets an empty value, not a height.
   if (point.Elevation == 0.0) {
     lines.addText("39=", {});
   } else {
@@ -89,4 +90,4 @@ std::unique_ptr<run::PointWriter> makeGeodimeterAlignmentWriter(const run::Targe
   return std::make_unique<GeodimeterWriter>(context, addAlignmentPoint);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

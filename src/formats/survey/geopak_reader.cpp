@@ -7,11 +7,13 @@
 #include <string_view>
 #include <utility>
 
+#include "run/projection_code.h"
+#include "text/angle.h"
 #include "text/fixed_columns.h"
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 namespace {
 
 constexpr std::string_view kRule = "-----------";
@@ -25,23 +27,23 @@ bool isPageHeading(std::string_view line) {
   return text::columnAt(line, 1) == '*';
 }
 
-/// True for a line that says more about a point, or nothing at all.
+/// True for a line that adds to a point, or is empty.
 bool isRemark(std::string_view line) {
   return isRule(line) || text::isBlank(line, 1, kRule.size());
 }
 
-/// Columns at which the fields behind the point number begin; 0 for a field that the listing does not have.
+/// Columns at which the fields after the point number begin; 0 for a field that the listing does not have.
 struct ColumnStarts {
   std::size_t first = 0;  ///< coordinate
   std::size_t second = 0;
   std::size_t station = 0;
   std::size_t elevation = 0;
 
-  /// A point number has one character at least.
+  /// A point number has at least one character.
   bool placeCoordinates() const { return first > 1 && station != 0; }
 };
 
-/// The column of the first blank from column `from` on with a hyphen behind it, 0 for none.
+/// The column of the first blank from column `from` on with a hyphen after it, 0 for none.
 std::size_t nextStart(std::string_view underline, std::size_t from) {
   // npos plus 1 is 0.
   return text::columns(underline, 1, kLastColumnStart + 1).find(" -", from - 1) + 1;
@@ -60,16 +62,15 @@ ColumnStarts columnStarts(std::string_view underline) {
   return starts;
 }
 
-/// Takes what stands behind the colon, if there is one.
-void takeRemark(std::string& field, std::string_view line) {
-  const std::size_t colon = line.find(':');
-  if (colon != std::string_view::npos) field = text::trimBlanks(line.substr(colon + 1));
-}
-
 class GeopakReader final : public run::PointReader {
  public:
   explicit GeopakReader(const run::SourceContext& context)
-      : lines_(context.lines), counts_(context.counts), message_(context.message) {}
+      : lines_(context.lines),
+        counts_(context.counts),
+        doubts_(context.doubts),
+        message_(context.message),
+        angles_(run::isLatLong(context.settings.SourceProjectionCode)),
+        form_(context.settings.latLongForm) {}
 
   bool check() override {
     if (findColumns() && findFirstPoint()) return true;
@@ -117,7 +118,7 @@ class GeopakReader final : public run::PointReader {
     return false;
   }
 
-  /// Takes the remarks on a point, and stops at the next point.
+  /// Takes the remarks on a point, up to the next point.
   void readAhead(run::PointRecord& point) {
     while (lines_.next(line_)) {
       if (isPageHeading(line_)) {
@@ -133,7 +134,15 @@ class GeopakReader final : public run::PointReader {
     atPoint_ = false;
   }
 
-  /// A heading without its end takes the rest of the listing, points and all: these lines go into the account.
+  /// Takes the text after the colon, if there is one.
+  void takeRemark(std::string& field, std::string_view line) {
+    const std::size_t colon = line.find(':');
+    if (colon == std::string_view::npos) return;
+    if (!field.empty()) doubts_.raise(run::Doubt::RunTogether);
+    field = text::trimBlanks(line.substr(colon + 1));
+  }
+
+  /// A heading without an end swallows the rest of the listing, points included: these lines go into the account.
   void skipPageHeading() {
     const std::uint64_t firstLine = lines_.lineNumber();
     while (lines_.next(line_)) {
@@ -142,15 +151,32 @@ class GeopakReader final : public run::PointReader {
     for (std::uint64_t line = firstLine; line <= lines_.lineNumber(); ++line) run::addTo(counts_.comment, line);
   }
 
-  /// False when a number is none.
+  /// False when a field is not a number.
   bool takePoint(run::PointRecord& point) {
-    const std::optional<double> first = number(text::columns(line_, starts_.first, starts_.second - 1));
-    const std::optional<double> second = number(text::columns(line_, starts_.second, starts_.station - 1));
-    if (!first || !second) return false;
+    std::string_view northing = text::columns(line_, starts_.first, starts_.second - 1);
+    std::string_view easting = text::columns(line_, starts_.second, starts_.station - 1);
+    if (eastingFirst_) std::swap(northing, easting);
     point.pointNumber = text::trimBlanks(text::columns(line_, 1, starts_.first - 1));
-    point.InNorthLat = eastingFirst_ ? *second : *first;
-    point.InEastLon = eastingFirst_ ? *first : *second;
-    return starts_.elevation == 0 || takeStationAndElevation(point);
+    textBehind_ = false;
+    if (!takeCoordinates(point, northing, easting)) return false;
+    if (starts_.elevation != 0 && !takeStationAndElevation(point)) return false;
+    if (textBehind_) doubts_.raise(run::Doubt::TextBehindNumber);
+    return true;
+  }
+
+  bool takeCoordinates(run::PointRecord& point, std::string_view northing, std::string_view easting) {
+    if (angles_) {
+      const text::AngleReading latitude = text::readAngle(northing, form_, text::AngleAxis::Latitude, scratch_);
+      const text::AngleReading longitude = text::readAngle(easting, form_, text::AngleAxis::Longitude, scratch_);
+      run::takeAngles(point, latitude, longitude, doubts_);
+      return true;
+    }
+    const std::optional<double> north = number(northing);
+    const std::optional<double> east = number(easting);
+    if (!north || !east) return false;
+    point.InNorthLat = *north;
+    point.InEastLon = *east;
+    return true;
   }
 
   bool takeStationAndElevation(run::PointRecord& point) {
@@ -158,23 +184,27 @@ class GeopakReader final : public run::PointReader {
     const std::optional<double> elevation = number(text);
     if (!elevation) return false;
     point.Elevation = *elevation;
-    // Decimals stand behind the last separator.
-    point.elevationDecimals = text::missingDecimals(text.substr(text.rfind(',') + 1));
+    // Decimals come after the last separator.
+    point.elevationAccuracy = text::writtenAccuracy(text::parseLeadingNumber(text.substr(text.rfind(',') + 1)));
     point.station = text::trimBlanks(text::columns(line_, starts_.station, starts_.elevation - 1));
     return true;
   }
 
   std::optional<double> number(std::string_view field) {
-    if (field.find(',') == std::string_view::npos) return text::leadingNumber(field);
+    if (field.find(',') == std::string_view::npos) return text::leadingNumber(field, textBehind_);
     return text::thousandsNumber(field, scratch_);
   }
 
   text::LineReader& lines_;
   run::RecordCounts& counts_;
+  run::DoubtFlags& doubts_;
   run::Message& message_;
+  const bool angles_;
+  const text::AngleForm form_;
+  bool textBehind_ = false;  ///< a number of the point has text after it
   bool eastingFirst_ = false;
   ColumnStarts starts_;
-  /// The line read last; between two reads that of the next point, while there is one.
+  /// The line read last; between two reads, the line of the next point, if there is one.
   std::string_view line_;
   bool atPoint_ = false;
   std::string scratch_;
@@ -186,4 +216,4 @@ std::unique_ptr<run::PointReader> makeGeopakReader(const run::SourceContext& con
   return std::make_unique<GeopakReader>(context);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

@@ -5,14 +5,14 @@
 
 #include "run/formats.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 
 /// A reader of one listing.
 ///
-/// The first line with " Station" and " Point" heads the columns, and an "X" in it puts the easting in front of the
-/// northing. The line of hyphens below it places the columns: point number, two coordinates, station, elevation. Each
-/// begins at a blank with a hyphen behind it, within the first 255 characters. Without columns for the coordinates, or
-/// without a point, the listing is of no use.
+/// The first line with " Station" and " Point" heads the columns, and an "X" in it puts the easting before the
+/// northing. The line of hyphens below it gives the columns: point number, two coordinates, station, elevation. Each
+/// begins at a blank with a hyphen after it, within the first 255 characters. Without columns for the coordinates, or
+/// without a point, the listing cannot be used.
 ///
 /// A line that begins with eleven hyphens or blanks says more about the point above it ("Feature:", "Description:") or
 /// nothing. A line that begins with "*" begins a page heading, which ends with a line that begins with eleven hyphens.
@@ -21,4 +21,4 @@ namespace tovak::formats {
 /// message that names the line.
 std::unique_ptr<run::PointReader> makeGeopakReader(const run::SourceContext& context);
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

@@ -4,8 +4,9 @@
 #include <string_view>
 
 #include "text/number.h"
+#include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 namespace {
 
 enum class CoordinateOrder { EastingFirst, NorthingFirst };
@@ -13,7 +14,7 @@ enum class CoordinateOrder { EastingFirst, NorthingFirst };
 class GeopakWriter final : public run::PointWriter {
  public:
   GeopakWriter(const run::TargetContext& context, CoordinateOrder order)
-      : lines_(context.lines), order_(order), accuracy_(context.settings.accuracy) {}
+      : lines_(context.lines), doubts_(context.doubts), order_(order), accuracy_(context.settings.accuracy) {}
 
   bool begin() override { return true; }
 
@@ -26,9 +27,10 @@ class GeopakWriter final : public run::PointWriter {
       line_ += "  FEA ";
       line_ += point.featureCode;
     }
-    if (!point.description.empty()) {
+    if (const std::string_view description = text::unlessBlank(point.description); !description.empty()) {
+      if (description.find('"') != std::string_view::npos) doubts_.raise(run::Doubt::ShiftedColumns);
       line_ += "  DES \"";
-      line_ += point.description;
+      line_ += description;
       line_ += '"';
     }
     return lines_.writeLine(line_);
@@ -49,12 +51,13 @@ class GeopakWriter final : public run::PointWriter {
 
   void appendNumber(std::string_view keyword, double value) {
     line_ += keyword;
-    text::appendPrecision(line_, value, accuracy_);
+    text::formatPrecision(line_, value, accuracy_);
   }
 
   text::LineWriter& lines_;
+  run::DoubtFlags& doubts_;
   const CoordinateOrder order_;
-  const int accuracy_;
+  const text::Accuracy accuracy_;
   std::string line_;
 };
 
@@ -68,4 +71,4 @@ std::unique_ptr<run::PointWriter> makeGeopakNeWriter(const run::TargetContext& c
   return std::make_unique<GeopakWriter>(context, CoordinateOrder::NorthingFirst);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

@@ -5,14 +5,14 @@
 
 #include "run/formats.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 
-/// A writer of commands with easting (X) in front of northing (Y). Numbers are in the run's accuracy, an elevation of 0
-/// included. Feature code and description are left out when they are empty. A description stands between double quotes
-/// as it is, quotes of its own included.
+/// A writer of commands with easting (X) before northing (Y). Numbers are in the run's accuracy, an elevation of 0
+/// included. Feature code and description are left out when they are empty. A description is put between double quotes
+/// unchanged, even if it contains quotes.
 std::unique_ptr<run::PointWriter> makeGeopakXyWriter(const run::TargetContext& context);
 
-/// The same commands with northing (N) in front of easting (E).
+/// The same commands with northing (N) before easting (E).
 std::unique_ptr<run::PointWriter> makeGeopakNeWriter(const run::TargetContext& context);
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

@@ -6,23 +6,22 @@
 
 #include "run/formats.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 
-/// A reader of one point a section. Outer blanks and the letter case of a tag count for nothing; empty lines are
-/// skipped.
+/// A reader of one point a section. Outer blanks and the letter case of a tag are ignored; empty lines are skipped.
 ///
-/// What stands before the first "AC:" line is the file's header. It, and the sections "AC:EQ" (equipment) and "AC:PR"
-/// (project), go to the context's `otherLines`; of the header not the lines that a target has of its own.
+/// The lines before the first "AC:" line are the file's header. It, and the sections "AC:EQ" (equipment) and "AC:PR"
+/// (project), are passed on as other lines, except header lines that a target writes itself.
 ///
 /// A source in latitude and longitude takes "LT" and "LG", any other "YC" and "XC"; where those are zero or missing,
 /// "YY" and "XX" take their place, as "ZZ" does for "ZC". Lines of other tags, and lines without a tag, become the
 /// point's further fields.
 ///
-/// A section without both coordinates is no point: it is passed over as one with a zero coordinate, since a coordinate
-/// of 0 can still lie near enough to convert into a position that looks right. It goes to `otherLines` too, unless it
-/// holds a coordinate, height, station or offset, which would stand in the target unconverted.
+/// A section without both coordinates is not a point. It is passed over like one with a zero coordinate, since a
+/// coordinate of 0 could convert into a position that looks right. It is passed on as other lines unless it holds a
+/// coordinate, height, station or offset, which would end up in the target unconverted.
 ///
-/// The check fails when no section holds both coordinates. A section that outgrows 1 MiB stops the run.
+/// The check fails when no section holds both coordinates. A section longer than 1 MiB stops the run.
 std::unique_ptr<run::PointReader> makeSdmsReader(const run::SourceContext& context);
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

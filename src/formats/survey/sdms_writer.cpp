@@ -14,12 +14,12 @@
 #include "text/number.h"
 #include "text/strings.h"
 
-namespace tovak::formats {
+namespace tovak::formats::survey {
 namespace {
 
-/// What begins the section of a point that was read from another format.
+/// The section line of a point that was read from another format.
 constexpr std::string_view kPointSection = "AC:CP";
-/// The trailer group of a fixed-column file that names no point to orient to.
+/// The trailer group of a fixed-column file without an orientation point.
 constexpr std::string_view kNoOrientation = "XXXX";
 
 constexpr int kOffsetDecimals = 6;
@@ -32,18 +32,14 @@ struct Stationing {
 constexpr Stationing kMetricStationing = {.digitsBehindPlus = 3, .decimals = 3};
 constexpr Stationing kEnglishStationing = {.digitsBehindPlus = 2, .decimals = 2};
 
-/// The datum and, behind a blank, the name of a user-defined project.
+/// The datum and, after a blank, the name of a user-defined project.
 std::string headerText(const run::RunSettings& settings) {
-  std::string text(run::datumLabel(settings.TargetProjectionCode, settings.adjustment));
+  std::string text(run::datumLabel(settings, settings.TargetProjectionCode));
   if (!settings.target.displayName.empty()) text += ' ' + settings.target.displayName;
   return text;
 }
 
-run::LengthUnit unitOf(const run::SideSettings& side) {
-  return side.metres ? run::LengthUnit::metres : run::LengthUnit::usSurveyFeet;
-}
-
-/// The number of a text in plain digits, or nothing; what else reads as a number, such as 1E5, is a name.
+/// The number of a text in plain digits, or nothing; anything else that reads as a number, such as 1E5, is a name.
 std::optional<double> plainNumber(std::string_view text) {
   if (text.find_first_of("eE") != std::string_view::npos) return std::nullopt;
   const std::optional<double> number = text::strictNumber(text);
@@ -71,12 +67,13 @@ class SdmsWriter final : public run::PointWriter {
  public:
   explicit SdmsWriter(const run::TargetContext& context)
       : lines_(context.lines),
+        doubts_(context.doubts),
         targetSystem_(context.targetSystem),
         headerText_(headerText(context.settings)),
         angles_(run::isLatLong(context.settings.TargetProjectionCode)),
-        precision_(context.settings.accuracy),
-        sourceUnit_(unitOf(context.settings.source)),
-        targetUnit_(unitOf(context.settings.target)) {}
+        accuracy_(context.settings.accuracy),
+        sourceUnit_(run::unitOf(context.settings.source)),
+        targetUnit_(run::unitOf(context.settings.target)) {}
 
   bool begin() override {
     section_.clear();
@@ -95,8 +92,8 @@ class SdmsWriter final : public run::PointWriter {
     if (point.odField != kNoOrientation) putUnlessBlank("OD:", point.odField);
     putCoordinates(point);
     putHeight("ZC:", point.Elevation);
-    putHeight("HG:", text::leadingNumber(point.geoidHeight));
-    putHeight("HE:", text::leadingNumber(point.ellipsoidHeight));
+    putSourceHeight("HG:", point.geoidHeight);
+    putSourceHeight("HE:", point.ellipsoidHeight);
     putFilled("FE:", point.featureCode);
     putFilled("FG:", point.figure);
     for (std::size_t i = 0; i < point.furtherFieldCount; ++i) put("", point.furtherFields[i]);
@@ -127,7 +124,7 @@ class SdmsWriter final : public run::PointWriter {
 
   void putNumber(std::string_view tag, double value) {
     section_ += tag;
-    text::appendPrecision(section_, value, precision_);
+    text::formatPrecision(section_, value, accuracy_);
     endLine();
   }
 
@@ -149,6 +146,13 @@ class SdmsWriter final : public run::PointWriter {
 
   void putHeight(std::string_view tag, double height) {
     if (height != 0.0) putNumber(tag, height);
+  }
+
+  /// The unit of a height that was carried along is unknown, so it is not scaled.
+  void putSourceHeight(std::string_view tag, std::string_view text) {
+    const double height = text::leadingNumber(text);
+    if (sourceUnit_ != targetUnit_ && height != 0.0) doubts_.raise(run::Doubt::UnscaledHeights);
+    putHeight(tag, height);
   }
 
   void putStation(std::string_view station) {
@@ -175,10 +179,11 @@ class SdmsWriter final : public run::PointWriter {
   }
 
   text::LineWriter& lines_;
+  run::DoubtFlags& doubts_;
   const std::string targetSystem_;
   const std::string headerText_;
   const bool angles_;
-  const int precision_;
+  const text::Accuracy accuracy_;
   const run::LengthUnit sourceUnit_;
   const run::LengthUnit targetUnit_;
   std::string section_;
@@ -191,4 +196,4 @@ std::unique_ptr<run::PointWriter> makeSdmsWriter(const run::TargetContext& conte
   return std::make_unique<SdmsWriter>(context);
 }
 
-}  // namespace tovak::formats
+}  // namespace tovak::formats::survey

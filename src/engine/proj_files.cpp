@@ -1,0 +1,106 @@
+#include "engine/proj_files.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <new>
+#include <string_view>
+#include <system_error>
+
+#include <proj.h>
+
+#include "engine/datum_grid.h"
+#include "text/strings.h"
+
+struct PROJ_FILE_HANDLE {
+  std::string_view contents;
+  std::size_t position = 0;
+};
+
+namespace tovak::engine {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kDatabaseFile = "proj.db";
+constexpr char kFolderSeparator = fs::path::preferred_separator == '/' ? ':' : ';';  // of a list of folders
+
+// Called for names without a folder. An empty name means that there is no such file: otherwise PROJ would replace a
+// missing grid with a predecessor, and look for other files in the current folder.
+const char* answerPath(PJ_CONTEXT* /*context*/, const char* name, void* data) {
+  if (std::strcmp(name, kDatumGridFile) == 0) return kDatumGridFile;
+  return std::strcmp(name, kDatabaseFile) == 0 ? static_cast<const ProjFiles*>(data)->database.c_str() : "";
+}
+
+// Called for everything that is opened, names with a folder included. For the database PROJ only asks whether it
+// exists: SQLite opens it.
+PROJ_FILE_HANDLE* openFile(PJ_CONTEXT* /*context*/, const char* name, PROJ_OPEN_ACCESS access, void* data) {
+  const ProjFiles& files = *static_cast<const ProjFiles*>(data);
+  if (access != PROJ_OPEN_ACCESS_READ_ONLY || *name == '\0') return nullptr;
+  if (name == files.database) return new (std::nothrow) PROJ_FILE_HANDLE{{}, 0};
+  const bool isGrid = std::strcmp(name, kDatumGridFile) == 0 && !files.grid.empty();
+  return isGrid ? new (std::nothrow) PROJ_FILE_HANDLE{files.grid, 0} : nullptr;
+}
+
+std::size_t readFile(PJ_CONTEXT* /*context*/, PROJ_FILE_HANDLE* file, void* buffer, std::size_t size, void* /*data*/) {
+  const std::size_t start = std::min(file->position, file->contents.size());
+  const std::size_t length = file->contents.copy(static_cast<char*>(buffer), size, start);
+  file->position = start + length;
+  return length;
+}
+
+int seekFile(PJ_CONTEXT* /*context*/, PROJ_FILE_HANDLE* file, long long offset, int whence, void* /*data*/) {
+  long long position = offset;
+  if (whence == SEEK_CUR) position += static_cast<long long>(file->position);
+  if (whence == SEEK_END) position += static_cast<long long>(file->contents.size());
+  if (position < 0) return 0;
+  file->position = static_cast<std::size_t>(position);
+  return 1;
+}
+
+constexpr PROJ_FILE_API kFileFunctions = {
+    .version = 1,
+    .open_cbk = openFile,
+    .read_cbk = readFile,
+    .write_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE*, const void*, std::size_t, void*) -> std::size_t { return 0; },
+    .seek_cbk = seekFile,
+    .tell_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE* file, void*) -> unsigned long long { return file->position; },
+    .close_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE* file, void*) { delete file; },
+    .exists_cbk = [](PJ_CONTEXT*, const char*, void*) { return 0; },
+    .mkdir_cbk = [](PJ_CONTEXT*, const char*, void*) { return 0; },
+    .unlink_cbk = [](PJ_CONTEXT*, const char*, void*) { return 0; },
+    .rename_cbk = [](PJ_CONTEXT*, const char*, const char*, void*) { return 0; }};
+
+/// PROJ itself reads the variables once in a process.
+std::string_view searchedFolders() {
+  for (const char* variable : {"PROJ_DATA", "PROJ_LIB"}) {
+    const char* const value = std::getenv(variable);
+    if (value != nullptr && *value != '\0') return value;
+  }
+  return proj_info().searchpath;
+}
+
+}  // namespace
+
+std::string findProjDatabase() {
+  std::string_view folders = searchedFolders();
+  const fs::path downloads = proj_context_get_user_writable_directory(nullptr, 0);
+  std::error_code ignored;
+  while (!folders.empty()) {
+    const fs::path folder = text::takeField(folders, kFolderSeparator);
+    if (folder.is_relative() || folder == downloads) continue;
+    if (fs::is_regular_file(folder / kDatabaseFile, ignored)) return (folder / kDatabaseFile).string();
+  }
+  return {};
+}
+
+void confine(pj_ctx* context, ProjFiles& files) {
+  proj_context_set_file_finder(context, answerPath, &files);
+  proj_context_set_fileapi(context, &kFileFunctions, &files);
+  ::unsetenv("PROJ_AUX_DB");                    // names further databases
+  proj_context_set_enable_network(context, 0);  // looks for PROJ's settings file first
+}
+
+}  // namespace tovak::engine

@@ -1,0 +1,23 @@
+/// The only files that PROJ can see: its database and the datum grid.
+#pragma once
+
+#include <string>
+
+struct pj_ctx;
+
+namespace tovak::engine {
+
+/// Definitions, the current folder, a user's folder of downloaded grids and PROJ's own settings file may name or hold
+/// files; none of them is opened, and nothing comes over the network.
+struct ProjFiles {
+  std::string database;  ///< path of proj.db; empty when there is none
+  std::string grid;      ///< contents of the datum grid, which is read out of memory; empty while there is none
+};
+
+/// The database in the folders of PROJ_DATA (or PROJ_LIB), else where PROJ was installed; empty when there is none.
+std::string findProjDatabase();
+
+/// From now on `context` sees only these files. They must outlive the context.
+void confine(pj_ctx* context, ProjFiles& files);
+
+}  // namespace tovak::engine

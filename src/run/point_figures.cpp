@@ -1,0 +1,32 @@
+#include "run/point_figures.h"
+
+#include "run/projection_code.h"
+#include "text/angle.h"
+#include "text/number.h"
+
+namespace tovak::run {
+namespace {
+
+constexpr int kDegreeDecimals = 9;
+
+}  // namespace
+
+void makeCoordinate(std::string& text, double value, bool angle, const RunSettings& settings) {
+  text.clear();
+  if (!angle) {
+    text::formatPrecision(text, value, settings.accuracy);
+  } else if (settings.latLongForm == text::AngleForm::DecimalDegrees) {
+    text::appendFixed(text, value, kDegreeDecimals);
+  } else {
+    text::appendSpacedAngle(text, value);
+  }
+}
+
+void screenFigures(const RunSettings& settings, const PointRecord& point, PointFigures& figures) {
+  const bool angles = isLatLong(settings.TargetProjectionCode);
+  makeCoordinate(figures.northing, point.OutNorthLat, angles, settings);
+  makeCoordinate(figures.easting, point.OutEastLon, angles, settings);
+  makeCoordinate(figures.elevation, point.Elevation, false, settings);
+}
+
+}  // namespace tovak::run
