@@ -29,10 +29,10 @@ void requireSameAgain(run::RunSettings settings, const fuzz::Account& first) {
   const bool angles = settings.TargetProjectionCode == 0;
   // This format reads plane coordinates in a different order from the one it writes.
   if (way->first == run::target::BlueBook && !angles) return;
+  // The engine serves the north west of the world under 100 degrees only, and formats rely on it.
   const auto ordinary = [angles](const Call& call) {
-    return std::abs(call.northing) >= 1 && std::abs(call.easting) >= 1 &&
-           std::abs(call.northing) < (angles ? 90 : 1e7) && std::abs(call.easting) < (angles ? 180 : 1e7) &&
-           (angles || (call.northing > 0 && call.easting > 0));
+    const double west = angles ? -call.easting : call.easting;
+    return call.northing >= 1 && west >= 1 && call.northing < (angles ? 90 : 1e7) && west < (angles ? 100 : 1e7);
   };
   if (!std::ranges::all_of(calls, ordinary)) return;
   settings.sourceFormat = way->second;
