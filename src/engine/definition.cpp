@@ -56,6 +56,7 @@ std::string projectionStep(std::string_view pipeline, std::string& reason) {
 
 /// PROJ's parameters for a system of its database or in WKT.
 std::string parametersOfSystem(pj_ctx* context, const std::string& definition, std::string& reason) {
+  openProjDatabase(context);
   const ProjOperation system = makeOperation(context, definition.c_str());
   if (system == nullptr) {
     reason = "PROJ does not know it or cannot read it";

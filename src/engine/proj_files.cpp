@@ -1,10 +1,12 @@
 #include "engine/proj_files.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <new>
 #include <string_view>
 #include <system_error>
@@ -28,18 +30,16 @@ constexpr const char* kDatabaseFile = "proj.db";
 constexpr char kFolderSeparator = fs::path::preferred_separator == '/' ? ':' : ';';  // of a list of folders
 
 // Called for names without a folder. An empty name means that there is no such file: otherwise PROJ would replace a
-// missing grid with a predecessor, and look for other files in the current folder.
-const char* answerPath(PJ_CONTEXT* /*context*/, const char* name, void* data) {
-  if (std::strcmp(name, kDatumGridFile) == 0) return kDatumGridFile;
-  return std::strcmp(name, kDatabaseFile) == 0 ? static_cast<const ProjFiles*>(data)->database.c_str() : "";
+// missing grid with a predecessor, look for other files in the current folder, and open its database for every
+// operation, which takes a third of the time of a run of one point.
+const char* answerPath(PJ_CONTEXT* /*context*/, const char* name, void* /*data*/) {
+  return std::strcmp(name, kDatumGridFile) == 0 ? kDatumGridFile : "";
 }
 
-// Called for everything that is opened, names with a folder included. For the database PROJ only asks whether it
-// exists: SQLite opens it.
+// Called for everything that is opened but the database, names with a folder included.
 PROJ_FILE_HANDLE* openFile(PJ_CONTEXT* /*context*/, const char* name, PROJ_OPEN_ACCESS access, void* data) {
   const ProjFiles& files = *static_cast<const ProjFiles*>(data);
   if (access != PROJ_OPEN_ACCESS_READ_ONLY || *name == '\0') return nullptr;
-  if (name == files.database) return new (std::nothrow) PROJ_FILE_HANDLE{{}, 0};
   const bool isGrid = std::strcmp(name, kDatumGridFile) == 0 && !files.grid.empty();
   return isGrid ? new (std::nothrow) PROJ_FILE_HANDLE{files.grid, 0} : nullptr;
 }
@@ -82,8 +82,6 @@ std::string_view searchedFolders() {
   return proj_info().searchpath;
 }
 
-}  // namespace
-
 std::string findProjDatabase() {
   std::string_view folders = searchedFolders();
   const fs::path downloads = proj_context_get_user_writable_directory(nullptr, 0);
@@ -96,11 +94,25 @@ std::string findProjDatabase() {
   return {};
 }
 
+}  // namespace
+
+bool hasProjDatabase() {
+  constexpr std::string_view kHead("SQLite format 3", 16);
+  std::array<char, kHead.size()> head{};
+  std::ifstream file(findProjDatabase(), std::ios::binary);
+  return file.read(head.data(), head.size()) && std::string_view(head.data(), head.size()) == kHead;
+}
+
 void confine(pj_ctx* context, ProjFiles& files) {
   proj_context_set_file_finder(context, answerPath, &files);
   proj_context_set_fileapi(context, &kFileFunctions, &files);
   ::unsetenv("PROJ_AUX_DB");                    // names further databases
   proj_context_set_enable_network(context, 0);  // looks for PROJ's settings file first
+}
+
+void openProjDatabase(pj_ctx* context) {
+  if (proj_context_get_database_path(context) != nullptr) return;
+  proj_context_set_database_path(context, findProjDatabase().c_str(), nullptr, nullptr);
 }
 
 }  // namespace tovak::engine

@@ -20,11 +20,10 @@ ProjContext openProj(std::string& reason) {
     reason = "PROJ could not be started.";
     return {};
   }
-  proj_log_level(context.get(), PJ_LOG_NONE);
-  context.files().database = findProjDatabase();
+  // Some of PROJ's remarks ignore its log level.
+  proj_log_func(context.get(), nullptr, [](void*, int, const char*) {});
   confine(context.get(), context.files());
-  if (context.files().database.empty() ||
-      proj_context_get_database_metadata(context.get(), "EPSG.VERSION") == nullptr) {
+  if (!hasProjDatabase()) {
     reason = "PROJ's database proj.db was not found or cannot be read.";
     return {};
   }

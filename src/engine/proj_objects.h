@@ -34,8 +34,8 @@ class ProjContext {
   std::unique_ptr<pj_ctx, ProjContextDeleter> context_;
 };
 
-/// A context that writes nothing to standard error, is confined to its files and has its database open. None without a
-/// database; then `reason` receives one line that says so.
+/// A context that writes nothing to standard error, and is confined to its files. None without a database; then
+/// `reason` receives one line that says so.
 ProjContext openProj(std::string& reason);
 
 /// An operation from PROJ's notation, or null.
