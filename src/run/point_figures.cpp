@@ -22,6 +22,20 @@ void makeCoordinate(std::string& text, double value, bool angle, const RunSettin
   }
 }
 
+void makeSourceCoordinates(std::string& northing, std::string& easting, const PointRecord& point,
+                           const RunSettings& settings) {
+  if (!point.packedAngles) {
+    const bool angles = isLatLong(settings.SourceProjectionCode);
+    makeCoordinate(northing, point.InNorthLat, angles, settings);
+    makeCoordinate(easting, point.InEastLon, angles, settings);
+    return;
+  }
+  northing.clear();
+  text::formatPrecision(northing, point.packedAngles->latitude, text::Accuracy::Hundredth);
+  easting.clear();
+  text::formatPrecision(easting, point.packedAngles->longitude, text::Accuracy::Hundredth);
+}
+
 void screenFigures(const RunSettings& settings, const PointRecord& point, PointFigures& figures) {
   const bool angles = isLatLong(settings.TargetProjectionCode);
   makeCoordinate(figures.northing, point.OutNorthLat, angles, settings);

@@ -22,6 +22,11 @@ using MakeFigures = void (*)(const RunSettings& settings, const PointRecord& poi
 /// with nine decimals when that is the run's form, else as degrees, minutes and seconds with five, blanks between.
 void makeCoordinate(std::string& text, double value, bool angle, const RunSettings& settings);
 
+/// The source's coordinates as the report shows them: in the precision and form of the run, packed angles with two
+/// decimals.
+void makeSourceCoordinates(std::string& northing, std::string& easting, const PointRecord& point,
+                           const RunSettings& settings);
+
 /// As the screen shows them.
 void screenFigures(const RunSettings& settings, const PointRecord& point, PointFigures& figures);
 

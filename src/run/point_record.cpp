@@ -23,7 +23,7 @@ void clear(Texts&... texts) {
 void resetPoint(PointRecord& point) {
   clear(point.pointNumber, point.description, point.station, point.offset, point.raField, point.comment,
         point.ellipsoidHeight, point.geoidHeight, point.latitude, point.longitude, point.featureCode, point.figure,
-        point.anythingElse, point.OutInfo, point.sectionLine, point.reportNorthing, point.reportEasting);
+        point.anythingElse, point.OutInfo, point.sectionLine);
   for (std::string& attribute : point.attributes) attribute.clear();
   restore(point.phField, "   ");
   restore(point.owField, "    ");
@@ -32,6 +32,7 @@ void resetPoint(PointRecord& point) {
   restore(point.code, "  ");
   restore(point.classCode, "BQR23");
   restore(point.trailerGroup, "  MONQRDT23CXXXX");
+  point.packedAngles.reset();
   point.alignmentPoint = false;
   point.elevationAccuracy = text::Accuracy::Thousandth;
   point.InNorthLat = point.InEastLon = point.Elevation = 0.0;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,12 @@
 #include "text/number.h"
 
 namespace tovak::run {
+
+/// DDMMSS.sss
+struct PackedAngles {
+  double latitude = 0.0;
+  double longitude = 0.0;
+};
 
 /// Text fields are carried as the file has them unless a format says otherwise. Two-letter codes are those by which
 /// tagged formats name the fields. Coordinates and the elevation are in the units of the side's projection; ellipsoid
@@ -47,9 +54,8 @@ struct PointRecord {
 
   /// The line that began the point's section in a tagged file; empty for points of other formats.
   std::string sectionLine;
-  /// Source coordinates as a report prints them, where the reader has its own text for them; else empty.
-  std::string reportNorthing;
-  std::string reportEasting;
+  /// Latitude and longitude as the source packs them, where a report shows them so.
+  std::optional<PackedAngles> packedAngles;
   /// The point was read in the alignment layout of the 80 column format; its point type is in the PH field.
   bool alignmentPoint = false;
 

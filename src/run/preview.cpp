@@ -164,14 +164,11 @@ void PreviewRun::takeSourceTexts(PreviewRow& row, const PointRecord& point) cons
   row.file = corridor_.recordFile();
   row.number = point.pointNumber;
   row.description = text::trimBlanks(point.description);
-  row.northing = point.reportNorthing;
-  row.easting = point.reportEasting;
-  if (!point.refusal.empty()) return;
+  if (!point.refusal.empty() && !point.packedAngles) return;
   RunSettings exact;
   exact.latLongForm = settings_.latLongForm;
-  const bool angles = isLatLong(settings_.SourceProjectionCode);
-  if (row.northing.empty()) makeCoordinate(row.northing, point.InNorthLat, angles, exact);
-  if (row.easting.empty()) makeCoordinate(row.easting, point.InEastLon, angles, exact);
+  exact.SourceProjectionCode = settings_.SourceProjectionCode;
+  makeSourceCoordinates(row.northing, row.easting, point, exact);
 }
 
 void PreviewRun::takeTargetTexts(PreviewRow& row, const PointRecord& point) const {

@@ -29,13 +29,10 @@ void ColumnLine::advanceTo(std::size_t column) {
     broken_ = true;
     nextLine();
   }
-  lines_.append(column - 1 - width_, ' ');
-  width_ = column - 1;
-}
-
-void ColumnLine::put(std::string_view text) {
-  lines_ += text;
-  width_ += text.size();
+  const std::size_t missing = column - 1 - width_;
+  if (missing == 0) return;
+  lines_.append(missing, ' ');
+  width_ += missing;
 }
 
 void ColumnLine::putText(std::string_view text) {

@@ -30,7 +30,10 @@ class ColumnLine {
 
   /// The next `put` starts at `column`.
   void advanceTo(std::size_t column);
-  void put(std::string_view text);
+  void put(std::string_view text) {
+    lines_ += text;
+    width_ += text.size();
+  }
   /// Puts a text for people to read: columns count its characters rather than its bytes, and its control characters
   /// become blanks.
   void putText(std::string_view text);

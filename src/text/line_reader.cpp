@@ -82,6 +82,7 @@ bool LineReader::rewind() {
 }
 
 bool LineReader::fail(Fault fault, std::string text) {
+  lineFeed_ = end_;
   fault_ = fault;
   error_ = std::move(text);
   return false;
@@ -146,13 +147,24 @@ bool LineReader::takeLast(std::string_view& line) {
 /// Counts a line, and looks at its beginning and length.
 bool LineReader::begin(std::string_view& line) {
   ++lineNumber_;
+  return lineNumber_ != 1 && line.size() <= kMaxLineLength ? true : beginFirstOrLong(line);
+}
+
+bool LineReader::beginFirstOrLong(std::string_view& line) {
   if (line.size() > kMaxLineLength)
     return fail(Fault::LineTooLong, placeInFile(fileName_, lineNumber_) + " is longer than 1 MiB");
-  if (lineNumber_ == 1 && start_ == 0 && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
+  if (start_ == 0 && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
   return true;
 }
 
 bool LineReader::next(std::string_view& line) {
+  // Nearly every line. After a fault no line is left in sight.
+  if (lineFeed_ < carriageReturn_ && lineFeed_ < end_) {
+    line = {buffer_.data() + begin_, lineFeed_ - begin_};
+    begin_ = lineFeed_ + 1;
+    lineFeed_ = find('\n', begin_);
+    return begin(line);
+  }
   if (fault_ != Fault::None) return false;
   for (;;) {
     const std::size_t lineEnd = std::min(lineFeed_, carriageReturn_);

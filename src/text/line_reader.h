@@ -67,6 +67,7 @@ class LineReader {
   bool take(std::size_t lineEnd, std::string_view& line);
   bool takeLast(std::string_view& line);
   bool begin(std::string_view& line);
+  bool beginFirstOrLong(std::string_view& line);
   bool changed() const;
 
   std::string fileName_;

@@ -55,12 +55,16 @@ struct Decimal {
 
 /// Takes the digits at `at` as the last ones of `number` and returns where they end.
 const char* takeDigits(const char* at, const char* end, std::uint64_t& number) {
-  for (; at != end && isDigit(*at); ++at) number = number * 10 + static_cast<std::uint64_t>(*at - '0');
+  for (; at != end; ++at) {
+    const auto digit = static_cast<std::uint64_t>(static_cast<unsigned char>(*at)) - '0';
+    if (digit > 9) break;
+    number = number * 10 + digit;
+  }
   return at;
 }
 
-/// Takes the exponent at the end of the digits, when one with a digit is there.
-void takeExponent(const char* end, Decimal& decimal) {
+/// With the exponent at the end of the digits, when one with a digit is there.
+Decimal withExponent(Decimal decimal, const char* end) {
   constexpr std::int64_t kEnough = 1'000'000'000;
   const char* at = decimal.digitsEnd + 1;
   const bool negative = at != end && *at == '-';
@@ -68,9 +72,10 @@ void takeExponent(const char* end, Decimal& decimal) {
   std::int64_t exponent = 0;
   const char* const first = at;
   for (; at != end && isDigit(*at); ++at) exponent = std::min(exponent * 10 + (*at - '0'), kEnough);
-  if (at == first) return;
+  if (at == first) return decimal;
   decimal.exponent = negative ? -exponent : exponent;
   decimal.end = at;
+  return decimal;
 }
 
 Decimal readDecimal(const char* at, const char* end) {
@@ -82,19 +87,27 @@ Decimal readDecimal(const char* at, const char* end) {
     decimal.digitsEnd = takeDigits(decimal.fraction, end, decimal.digits);
   }
   decimal.end = decimal.digitsEnd;
-  if (decimal.end != end && (*decimal.end == 'e' || *decimal.end == 'E')) takeExponent(end, decimal);
-  return decimal;
+  const bool exponent = decimal.end != end && (*decimal.end == 'e' || *decimal.end == 'E');
+  return exponent ? withExponent(decimal, end) : decimal;
 }
 
 /// Whether a number outside the range of a double is too large rather than too small.
-bool isTooLarge(const Decimal& decimal) {
+bool isTooLarge(Decimal decimal) {
   const char* digit = decimal.first;
   while (digit != decimal.digitsEnd && (*digit == '0' || *digit == '.')) ++digit;
   const std::ptrdiff_t places = digit < decimal.wholeEnd ? decimal.wholeEnd - digit : decimal.fraction - digit;
   return places + decimal.exponent > 0;
 }
 
-double valueOf(const Decimal& decimal) {
+double roundedValueOf(Decimal decimal) {
+  double value = 0.0;
+  const std::from_chars_result result = std::from_chars(decimal.first, decimal.end, value);
+  if (result.ec != std::errc::result_out_of_range) return value;
+  return isTooLarge(decimal) ? std::numeric_limits<double>::infinity() : 0.0;
+}
+
+/// By value, here and above: a number that is not referred to stays in registers.
+double valueOf(Decimal decimal) {
   constexpr std::ptrdiff_t kMostDigits = 19;
   constexpr auto kLargestPower = static_cast<std::int64_t>(kPowersOfTen.size()) - 1;
   const std::int64_t power = decimal.exponent - decimal.decimals();
@@ -107,10 +120,7 @@ double valueOf(const Decimal& decimal) {
     const double scale = kPowersOfTen[static_cast<std::size_t>(std::abs(power))];
     return power < 0 ? digits / scale : digits * scale;
   }
-  double value = 0.0;
-  const std::from_chars_result result = std::from_chars(decimal.first, decimal.end, value);
-  if (result.ec != std::errc::result_out_of_range) return value;
-  return isTooLarge(decimal) ? std::numeric_limits<double>::infinity() : 0.0;
+  return roundedValueOf(decimal);
 }
 
 void appendAsItIs(std::string& out, double value, int decimals) {
@@ -169,6 +179,8 @@ std::optional<double> strictNumber(std::string_view text) {
 
 std::optional<double> thousandsNumber(std::string_view text, std::string& scratch) {
   const std::string_view number = trimBlanks(text);
+  const LeadingNumber plain = parseLeadingNumber(number);
+  if (plain.length == number.size() && plain.length != 0) return plain.value;
   const std::size_t first = number.starts_with('-') || number.starts_with('+') ? 1 : 0;
   std::size_t end = skipDigits(number, first);
   if (end == number.size() || number[end] != ',') return strictNumber(number);

@@ -51,8 +51,7 @@ void OutputRows::add(const run::PointRecord& point) {
   run::PointRecord& row = rows_[added_++];
   row.pointNumber = point.pointNumber;
   row.description = point.description;
-  row.reportNorthing = point.reportNorthing;
-  row.reportEasting = point.reportEasting;
+  row.packedAngles = point.packedAngles;
   row.InNorthLat = point.InNorthLat;
   row.InEastLon = point.InEastLon;
   row.OutNorthLat = point.OutNorthLat;

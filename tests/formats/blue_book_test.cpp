@@ -28,7 +28,7 @@ const Show elevation = [](const PointRecord& p) { return row(p.Elevation, p.elev
 TEST(BlueBookReader, PutsEachFieldInItsPlace) {
   EXPECT_EQ(reading(kGeographic + kHeights, filledFields, kLatLong).points,
             "E=-95.79004425 N=48.9469476027778 Z=912.482 description=ALDER BRIDGE                   ellipsoid=885.382 "
-            "geoid=-27.100 line=1 number=0001 reportE=954724.16 reportN=485649.01");
+            "geoid=-27.100 line=1 number=0001 packed=485649.01137|954724.1593");
   EXPECT_EQ(reading(kGrid + with(kHeights, 24, "A"), filledFields).points,
             "E=668495.843 N=762920.113 Z=912.482 class=AMN12 description=ALDER BRIDGE                   "
             "ellipsoid=885.382 geoid=-27.100 line=1 number=0001");

@@ -174,13 +174,12 @@ TEST_F(Report, SetsTransverseMercatorInFeetWideAndTextsAsTheyWereKept) {
   settings.accuracy = static_cast<text::Accuracy>(2);
   settings.source.metres = true;
   settings.target.metres = false;
-  point.reportNorthing = "5040123.4";
-  point.InEastLon = 480000;
+  point.packedAngles = {.latitude = 450123.4, .longitude = 932345.678};
   EXPECT_EQ(block(), golden(R"(
    -
    101               ALDER BRIDGE
-        YC:  5040123.4       YC:    400123.5
-        XC:   480000.0       XC:   2500000.5
+        YC:  450123.40       YC:    400123.5
+        XC:  932345.68       XC:   2500000.5
 )"));
   settings.latLongForm = text::AngleForm::DecimalDegrees;
   settings.TargetProjectionCode = 103;

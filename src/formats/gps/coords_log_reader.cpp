@@ -53,7 +53,7 @@ bool holds(std::string_view line, std::string_view tag) {
 }
 
 bool isBlank(std::string_view line) {
-  return text::unlessBlank(line).empty();
+  return line.empty() || (line.back() == ' ' && text::unlessBlank(line).empty());
 }
 
 std::string without(std::string_view contents) {
@@ -77,6 +77,23 @@ std::string headerFault(std::string_view line, const ListedSystem* expected) {
 
 enum ValueIndex : std::size_t { Latitude, Northing, Longitude, Easting, EllipsoidHeight, Elevation, GeoidHeight };
 
+/// By `ValueIndex`; a line that holds several tags counts as the first of them. Every tag has one "=", at its end.
+constexpr std::array<std::string_view, 7> kTags = {"LAT=", "Y=", "LON=", "X=", "ELL HT=", "ORTHO HT=", "GEOID HT="};
+
+/// The place of the line's tag in the table, its size for none.
+std::size_t valueIndex(std::string_view line) {
+  const std::size_t sign = line.find('=');
+  if (sign == std::string_view::npos) return kTags.size();
+  const std::string_view label = line.substr(0, sign + 1);
+  const bool only = line.find('=', sign + 1) == std::string_view::npos;
+  const auto* const found = std::ranges::find_if(kTags, [&](std::string_view tag) {
+    if (!only) return holds(line, tag);
+    // The first letter tells most of them apart.
+    return label.size() >= tag.size() && label[label.size() - tag.size()] == tag.front() && label.ends_with(tag);
+  });
+  return static_cast<std::size_t>(found - kTags.begin());
+}
+
 /// Appends degrees, minutes or seconds. A single digit gets a leading zero, which packing requires: without it the
 /// digits after it would shift by one place.
 void appendPart(std::string& packed, std::string_view part) {
@@ -86,59 +103,30 @@ void appendPart(std::string& packed, std::string_view part) {
   packed += part;
 }
 
-void takePackedAngle(std::string& packed, std::string_view line) {
-  packed.clear();
-  appendPart(packed, text::columns(line, kValueColumn, 48));
-  appendPart(packed, text::columns(line, 51, 52));
-  appendPart(packed, text::columns(line, 55, 63));
+std::string_view gridText(std::string_view line) {
+  return text::trimBlanks(text::columns(line, kValueColumn, 61));
 }
 
-template <std::size_t lastColumn>
-void takeText(std::string& text, std::string_view line) {
-  text = text::trimBlanks(text::columns(line, kValueColumn, lastColumn));
+std::string_view heightText(std::string_view line) {
+  return text::trimBlanks(text::columns(line, kValueColumn, 63));
 }
 
-struct ValueLine {
-  std::string_view tag;
-  void (*take)(std::string&, std::string_view line);
+/// The text of the number at the beginning of a height.
+void takeHeight(std::string& height, std::string_view line) {
+  const std::string_view text = heightText(line);
+  const std::size_t length = text::parseLeadingNumber(text).length;
+  height = length == 0 ? "0" : text.substr(0, length);
+}
+
+/// What a block says of a point, the last value of each kind. A missing one counts as 0.
+struct Block {
+  std::array<std::uint64_t, kTags.size()> lines{};  ///< by `ValueIndex`; 0 when the block does not have it
+  text::AngleReading latitude;
+  text::AngleReading longitude;
+  std::optional<double> northing = 0.0;  ///< nothing for a text that is not a number
+  std::optional<double> easting = 0.0;
+  bool textBehindElevation = false;
 };
-
-/// By `ValueIndex`; a line that holds several tags counts as the first of them. Every tag has one "=", at its end.
-constexpr std::array<ValueLine, 7> kValueLines = {{
-    {"LAT=", takePackedAngle},
-    {"Y=", takeText<61>},
-    {"LON=", takePackedAngle},
-    {"X=", takeText<61>},
-    {"ELL HT=", takeText<63>},
-    {"ORTHO HT=", takeText<63>},
-    {"GEOID HT=", takeText<63>},
-}};
-
-/// The place of the line's tag in the table, its size for none.
-std::size_t valueIndex(std::string_view line) {
-  const std::size_t sign = line.find('=');
-  if (sign == std::string_view::npos) return kValueLines.size();
-  const std::string_view label = line.substr(0, sign + 1);
-  const char letter = sign == 0 ? '\0' : line[sign - 1];
-  const bool only = line.find('=', sign + 1) == std::string_view::npos;
-  const auto* const found = std::ranges::find_if(kValueLines, [&](const ValueLine& value) {
-    if (!only) return holds(line, value.tag);
-    // The letter in front of the sign tells most of them apart.
-    return value.tag[value.tag.size() - 2] == letter && label.ends_with(value.tag);
-  });
-  return static_cast<std::size_t>(found - kValueLines.begin());
-}
-
-struct Value {
-  std::string text;
-  std::uint64_t line = 0;  ///< 0 when the block does not have it
-};
-
-/// The text of the number at the beginning of a text.
-void takeHeight(std::string& height, const Value& value) {
-  const std::size_t length = text::parseLeadingNumber(value.text).length;
-  height = length == 0 ? "0" : std::string_view(value.text).substr(0, length);
-}
 
 class CoordsLogReader final : public run::PointReader {
  public:
@@ -164,15 +152,13 @@ class CoordsLogReader final : public run::PointReader {
     } while (isBlank(line));
     point.sourceLine = lines_.lineNumber();
     takeName(point, line);
-    for (Value& value : values_) {
-      value.text = "0";
-      value.line = 0;
-    }
-    if (!takeValues()) {
+    block_ = {.latitude = noAngle_, .longitude = noAngle_};
+    point.ellipsoidHeight = point.geoidHeight = "0";
+    if (!takeValues(point)) {
       run::addTo(counts_.noPoint, point.sourceLine);
       return run::ReadState::End;
     }
-    takeHeights(point);
+    if (block_.textBehindElevation) doubts_.raise(run::Doubt::TextBehindNumber);
     return takeCoordinates(point) ? run::ReadState::Point : run::ReadState::Stopped;
   }
 
@@ -209,59 +195,75 @@ class CoordsLogReader final : public run::PointReader {
   }
 
   /// Reads up to the blank line after the block. False when the file ends before it.
-  bool takeValues() {
+  bool takeValues(run::PointRecord& point) {
     std::string_view line;
     while (lines_.next(line)) {
       if (isBlank(line)) return true;
-      takeValue(line);
+      takeValue(point, line);
     }
     return false;
   }
 
-  void takeValue(std::string_view line) {
+  void takeValue(run::PointRecord& point, std::string_view line) {
     const std::size_t i = valueIndex(line);
-    if (i == kValueLines.size()) return;
-    if (values_[i].line != 0) doubts_.raise(run::Doubt::RunTogether);
-    values_[i].line = lines_.lineNumber();
-    kValueLines[i].take(values_[i].text, line);
+    if (i == kTags.size()) return;
+    if (block_.lines[i] != 0) doubts_.raise(run::Doubt::RunTogether);
+    block_.lines[i] = lines_.lineNumber();
+    switch (i) {
+      case Latitude:
+        block_.latitude = angle(line);
+        break;
+      case Longitude:
+        block_.longitude = angle(line);
+        break;
+      case Northing:
+        block_.northing = text::thousandsNumber(gridText(line), scratch_);
+        break;
+      case Easting:
+        block_.easting = text::thousandsNumber(gridText(line), scratch_);
+        break;
+      case EllipsoidHeight:
+        takeHeight(point.ellipsoidHeight, line);
+        break;
+      case GeoidHeight:
+        takeHeight(point.geoidHeight, line);
+        break;
+      default:
+        takeElevation(point, line);
+    }
   }
 
-  void takeHeights(run::PointRecord& point) {
-    const Value& elevation = values_[Elevation];
-    bool textBehind = false;
-    const text::LeadingNumber number = text::parseLeadingNumber(elevation.text, textBehind);
+  void takeElevation(run::PointRecord& point, std::string_view line) {
+    block_.textBehindElevation = false;
+    const text::LeadingNumber number = text::parseLeadingNumber(heightText(line), block_.textBehindElevation);
     point.Elevation = number.value;
-    if (textBehind) doubts_.raise(run::Doubt::TextBehindNumber);
-    // A missing elevation says nothing about precision.
-    if (elevation.line != 0) point.elevationAccuracy = text::writtenAccuracy(number);
-    takeHeight(point.ellipsoidHeight, values_[EllipsoidHeight]);
-    takeHeight(point.geoidHeight, values_[GeoidHeight]);
+    point.elevationAccuracy = text::writtenAccuracy(number);
+  }
+
+  text::AngleReading angle(std::string_view line) {
+    scratch_.clear();
+    appendPart(scratch_, text::columns(line, kValueColumn, 48));
+    appendPart(scratch_, text::columns(line, 51, 52));
+    appendPart(scratch_, text::columns(line, 55, 63));
+    bool textBehind = false;
+    text::AngleReading reading = text::unpackSeconds(text::leadingNumber(scratch_, textBehind));
+    reading.textBehind = textBehind;
+    return reading;
   }
 
   /// False, with the message, when a northing or easting is not a number.
   bool takeCoordinates(run::PointRecord& point) {
     if (angles_) {
-      run::takeAngles(point, angle(values_[Latitude]), angle(values_[Longitude]), doubts_);
+      run::takeAngles(point, block_.latitude, block_.longitude, doubts_);
       return true;
     }
-    return takeGrid(point.InNorthLat, values_[Northing]) && takeGrid(point.InEastLon, values_[Easting]);
-  }
-
-  static text::AngleReading angle(const Value& value) {
-    bool textBehind = false;
-    text::AngleReading reading = text::unpackSeconds(text::leadingNumber(value.text, textBehind));
-    reading.textBehind = textBehind;
-    return reading;
-  }
-
-  bool takeGrid(double& coordinate, const Value& value) {
-    const std::optional<double> number = text::thousandsNumber(value.text, scratch_);
-    if (!number) {
+    if (!block_.northing || !block_.easting) {
       complain("Invalid northing or easting in the Trimble Coords.log file.\n" +
-               run::messages::lineOfFile(value.line, lines_.fileName()));
+               run::messages::lineOfFile(block_.lines[block_.northing ? Easting : Northing], lines_.fileName()));
       return false;
     }
-    coordinate = *number;
+    point.InNorthLat = *block_.northing;
+    point.InEastLon = *block_.easting;
     return true;
   }
 
@@ -272,7 +274,8 @@ class CoordsLogReader final : public run::PointReader {
   const ListedSystem* const listed_;
   const bool angles_;
   const bool numberInDescription_;
-  std::array<Value, kValueLines.size()> values_;
+  const text::AngleReading noAngle_ = text::unpackSeconds(0.0);
+  Block block_;
   std::string scratch_;
 };
 

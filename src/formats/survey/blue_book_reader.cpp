@@ -45,7 +45,8 @@ bool isBlank(std::string_view record, const ImpliedField& field) {
 std::optional<double> numberIn(std::string_view record, const ImpliedField& field) {
   const std::string_view digits = text::columns(record, field.first, field.last);
   // A point or an exponent among the digits would change the number.
-  if (digits.find_first_not_of("0123456789+- ") != std::string_view::npos) return std::nullopt;
+  const auto allowed = [](char c) { return (c >= '0' && c <= '9') || c == ' ' || c == '-' || c == '+'; };
+  if (!std::ranges::all_of(digits, allowed)) return std::nullopt;
   const std::size_t whole = field.lastWhole + 1 - field.first;
   std::array<char, 16> joined;
   char* end = joined.data() + digits.copy(joined.data(), whole);
@@ -149,8 +150,7 @@ class BlueBookReader final : public run::PointReader {
     const std::optional<double> latitude = numberIn(record_, kLatitude);
     const std::optional<double> longitude = numberIn(record_, kLongitude);
     if (!latitude || !longitude) return false;
-    text::formatPrecision(point.reportNorthing, *latitude, text::Accuracy::Hundredth);
-    text::formatPrecision(point.reportEasting, *longitude, text::Accuracy::Hundredth);
+    point.packedAngles = {.latitude = *latitude, .longitude = *longitude};
     run::takeAngles(point, text::unpackSeconds(*latitude), text::unpackSeconds(*longitude), doubts_);
     return true;
   }
