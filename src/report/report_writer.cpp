@@ -139,7 +139,6 @@ class ReportWriter final : public run::PointWriter {
   int page_ = 0;
   int pointsOnPage_ = 0;
   PointTexts texts_;
-  std::string aligned_;
 };
 
 bool ReportWriter::putLine(std::size_t column, std::string_view before, std::string_view text) {
@@ -211,17 +210,13 @@ void ReportWriter::putCoordinate(const Side& side, std::string_view gridLabel, s
                                  std::string_view text) {
   line_.advanceTo(side.column);
   line_.put(side.latLong ? angleLabel : gridLabel);
-  aligned_.clear();
-  text::appendRightAligned(aligned_, text, side.width);
-  line_.putText(aligned_);
+  line_.putRightAligned(side.width, text);
 }
 
 void ReportWriter::putElevation(std::string_view label) {
   line_.advanceTo(kHeightColumn);
   line_.put(label);
-  aligned_.clear();
-  text::appendRightAligned(aligned_, texts_.elevation, kHeightWidth);
-  line_.put(aligned_);
+  line_.putRightAligned(kHeightWidth, texts_.elevation);
 }
 
 bool ReportWriter::write(const run::PointRecord& point) {
@@ -236,7 +231,7 @@ bool ReportWriter::write(const run::PointRecord& point) {
     line_.advanceTo(kThetaColumn);
     line_.put("Theta:");
     const std::string_view result = point.OutInfo;
-    line_.putText(result.substr(0, result.find(' ')));
+    line_.put(result.substr(0, result.find(' ')));
   }
   // Geoid and ellipsoid heights only decide whether the elevation is shown a second time.
   if (text::leadingNumber(point.geoidHeight) != 0) putElevation("HG:");

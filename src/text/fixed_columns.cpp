@@ -62,17 +62,6 @@ void appendMasked(std::string& out, double value, int decimals) {
   if (out[firstDigit] == '0' && out[firstDigit + 1] == '.') out.erase(firstDigit, 1);
 }
 
-void appendPointAt(std::string& out, std::string_view text, std::size_t position) {
-  const std::size_t before = std::min(text.find('.'), text.size()) + 1;
-  if (before < position) out.append(position - before, ' ');
-  out += text;
-}
-
-void appendRightAligned(std::string& out, std::string_view text, std::size_t width) {
-  if (text.size() < width) out.append(width - text.size(), ' ');
-  out += text;
-}
-
 bool appendFourDigits(std::string& out, std::string_view pointNumber) {
   constexpr std::size_t kWidth = 4;
   const std::string_view kept = lastCharactersWithin(pointNumber, kWidth);

@@ -1,6 +1,7 @@
 /// Lines whose fields stand in fixed columns. Columns are counted from 1; ranges include both ends.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -34,6 +35,17 @@ class ColumnLine {
     lines_ += text;
     width_ += text.size();
   }
+  /// Puts a number padded on the left so that its decimal point (or its end, without one) is character `position`,
+  /// counted from 1, of what is put. One with more than that before its point is put as it is.
+  void putPointAt(std::size_t position, std::string_view number) {
+    putBlanksBefore(std::min(number.find('.'), number.size()) + 1, position);
+    put(number);
+  }
+  /// Puts a text padded on the left to `width` characters; a longer one as it is.
+  void putRightAligned(std::size_t width, std::string_view text) {
+    putBlanksBefore(text.size(), width);
+    put(text);
+  }
   /// Puts a text for people to read: columns count its characters rather than its bytes, and its control characters
   /// become blanks.
   void putText(std::string_view text);
@@ -45,6 +57,13 @@ class ColumnLine {
   bool takeBroken() { return std::exchange(broken_, false); }
 
  private:
+  /// As many as `size` lacks to `width`.
+  void putBlanksBefore(std::size_t size, std::size_t width) {
+    if (size >= width) return;
+    lines_.append(width - size, ' ');
+    width_ += width - size;
+  }
+
   LineWriter& writer_;
   std::string lines_;      ///< those to be written together
   std::size_t width_ = 0;  ///< columns taken so far of the last one
@@ -55,13 +74,6 @@ class ColumnLine {
 /// Appends `value`, always with a decimal point, `decimals` decimals (0 to 9, rounded half to even) and no leading
 /// zeros: ".500", "812.", "-12.35".
 void appendMasked(std::string& out, double value, int decimals);
-
-/// Appends `text`, padded on the left so that its decimal point (or its end, without one) is character `position`,
-/// counted from 1. A text with more than that before its point is appended as it is.
-void appendPointAt(std::string& out, std::string_view text, std::size_t position);
-
-/// Appends `text`, padded on the left to `width` characters; a longer text as it is.
-void appendRightAligned(std::string& out, std::string_view text, std::size_t width);
 
 /// A point number of fixed-column files: padded with leading zeros to four characters, or cut to the rightmost four.
 /// False when the number was longer.

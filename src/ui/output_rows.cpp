@@ -30,40 +30,31 @@ const Column& columnAt(int index) {
   return kColumnTable[static_cast<std::size_t>(index)];
 }
 
-/// The texts of a row by their columns.
-std::string_view textOf(const run::PointRecord& point, const report::PointTexts& texts, int column) {
-  const std::array<std::string_view, OutputRows::kColumns> row = {
-      point.pointNumber,    point.description,   texts.northing,  texts.easting,
-      texts.targetNorthing, texts.targetEasting, texts.elevation, point.OutInfo};
-  return row[static_cast<std::size_t>(column)];
-}
-
 }  // namespace
 
 void OutputRows::clear() {
   beginResetModel();
-  added_ = shown_ = 0;
+  rows_.clear();
+  shown_ = 0;
   endResetModel();
 }
 
 void OutputRows::add(const run::PointRecord& point) {
-  if (added_ == rows_.size()) rows_.emplace_back();
-  run::PointRecord& row = rows_[added_++];
-  row.pointNumber = point.pointNumber;
-  row.description = point.description;
-  row.packedAngles = point.packedAngles;
-  row.InNorthLat = point.InNorthLat;
-  row.InEastLon = point.InEastLon;
-  row.OutNorthLat = point.OutNorthLat;
-  row.OutEastLon = point.OutEastLon;
-  row.Elevation = point.Elevation;
-  row.OutInfo = point.OutInfo;
+  rows_.push_back({.pointNumber = point.pointNumber,
+                   .description = point.description,
+                   .result = point.OutInfo,
+                   .packedAngles = point.packedAngles,
+                   .northing = point.InNorthLat,
+                   .easting = point.InEastLon,
+                   .targetNorthing = point.OutNorthLat,
+                   .targetEasting = point.OutEastLon,
+                   .elevation = point.Elevation});
 }
 
 void OutputRows::showAdded() {
-  if (shown_ == added_) return;
-  beginInsertRows({}, static_cast<int>(shown_), static_cast<int>(added_) - 1);
-  shown_ = added_;
+  if (shown_ == rows_.size()) return;
+  beginInsertRows({}, static_cast<int>(shown_), static_cast<int>(rows_.size()) - 1);
+  shown_ = rows_.size();
   endInsertRows();
 }
 
@@ -79,10 +70,20 @@ QVariant OutputRows::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   if (role == Qt::TextAlignmentRole) return QVariant(columnAt(index.column()).alignment | Qt::AlignVCenter);
   if (role != Qt::DisplayRole) return {};
-  const run::PointRecord& point = rows_[static_cast<std::size_t>(index.row())];
+  const Row& row = rows_[static_cast<std::size_t>(index.row())];
+  run::PointRecord point;
+  point.packedAngles = row.packedAngles;
+  point.InNorthLat = row.northing;
+  point.InEastLon = row.easting;
+  point.OutNorthLat = row.targetNorthing;
+  point.OutEastLon = row.targetEasting;
+  point.Elevation = row.elevation;
   report::PointTexts texts;
   report::makePointTexts(point, settings_, texts);
-  return toQString(textOf(point, texts, index.column()));
+  const std::array<std::string_view, kColumns> columns = {
+      row.pointNumber,      row.description,     texts.northing,  texts.easting,
+      texts.targetNorthing, texts.targetEasting, texts.elevation, row.result};
+  return toQString(columns[static_cast<std::size_t>(index.column())]);
 }
 
 QVariant OutputRows::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -5,7 +5,9 @@
 #include <QItemSelectionModel>
 #include <QString>
 #include <cstddef>
-#include <vector>
+#include <deque>
+#include <optional>
+#include <string>
 
 #include "run/point_record.h"
 #include "run/run_settings.h"
@@ -33,10 +35,21 @@ class OutputRows final : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
  private:
+  /// What is shown of a point: a fifth of a whole record, of which a run may add millions.
+  struct Row {
+    std::string pointNumber;
+    std::string description;
+    std::string result;
+    std::optional<run::PackedAngles> packedAngles;
+    double northing;
+    double easting;
+    double targetNorthing;
+    double targetEasting;
+    double elevation;
+  };
+
   const run::RunSettings& settings_;
-  /// What is shown of each point; the other fields are empty. Those beyond `added_` keep their memory for later rows.
-  std::vector<run::PointRecord> rows_;
-  std::size_t added_ = 0;
+  std::deque<Row> rows_;
   std::size_t shown_ = 0;
 };
 

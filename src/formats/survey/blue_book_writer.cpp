@@ -124,9 +124,7 @@ class BlueBookWriter final : public run::PointWriter {
     const std::size_t point = std::min(number_.find('.'), number_.size());
     number_.erase(point, 1);
     number_.resize(point + decimals, ' ');
-    field_.clear();
-    text::appendRightAligned(field_, number_, width);
-    line_.put(field_);
+    line_.putRightAligned(width, number_);
   }
 
   text::ColumnLine line_;
@@ -138,7 +136,6 @@ class BlueBookWriter final : public run::PointWriter {
   const run::LengthUnit unit_;
   std::int64_t sequence_ = 0;
   std::string number_;
-  std::string field_;
 };
 
 }  // namespace

@@ -89,12 +89,12 @@ class EightyColumnWriter final : public run::PointWriter {
     line_.advanceTo(5);
     line_.put(point.description);
     line_.advanceTo(35);
-    putPointAt(8, masked(point.OutEastLon, decimals_.coordinate));
+    line_.putPointAt(8, masked(point.OutEastLon, decimals_.coordinate));
     line_.advanceTo(49);
     const std::string_view northing = masked(point.OutNorthLat, decimals_.coordinate);
     // The printed digits decide, since a reader sees nothing else.
     const bool wide = point.OutNorthLat > 0 && northing.find('.') > 6;
-    putPointAt(wide ? 8 : 7, northing);
+    line_.putPointAt(wide ? 8 : 7, northing);
     line_.advanceTo(wide ? 57 : 56);
     // A wide northing leaves the code one column; a blank after it must not break the line.
     line_.put(wide ? text::withoutBlanksBehind(point.code) : point.code);
@@ -107,7 +107,7 @@ class EightyColumnWriter final : public run::PointWriter {
     if (elevation == 0.0) {
       line_.put("       ");
     } else {
-      putPointAt(5, masked(elevation, decimals_.ofElevation(elevation)));
+      line_.putPointAt(5, masked(elevation, decimals_.ofElevation(elevation)));
     }
     // A third decimal takes column 65 of the trailer group even when the accuracy leaves it unprinted.
     line_.advanceTo(third ? 66 : 65);
@@ -120,9 +120,9 @@ class EightyColumnWriter final : public run::PointWriter {
     line_.advanceTo(5);
     line_.put(point.description);
     line_.advanceTo(35);
-    putPointAt(8, maskedWithin(kEastingWidth, point.OutEastLon));
+    line_.putPointAt(8, maskedWithin(kEastingWidth, point.OutEastLon));
     line_.advanceTo(46);
-    putRightAligned(kNorthingWidth, maskedWithin(kNorthingWidth, point.OutNorthLat));
+    line_.putRightAligned(kNorthingWidth, maskedWithin(kNorthingWidth, point.OutNorthLat));
     line_.advanceTo(56);
     line_.put(unitsChange_ ? exchangedPointType(point.phField) : point.phField);
     line_.advanceTo(73);
@@ -136,18 +136,6 @@ class EightyColumnWriter final : public run::PointWriter {
   void putNumber(std::string_view pointNumber) {
     field_.clear();
     if (!text::appendFourDigits(field_, pointNumber)) doubts_.raise(run::Doubt::TooWide);
-    line_.put(field_);
-  }
-
-  void putPointAt(std::size_t position, std::string_view number) {
-    field_.clear();
-    text::appendPointAt(field_, number, position);
-    line_.put(field_);
-  }
-
-  void putRightAligned(std::size_t width, std::string_view number) {
-    field_.clear();
-    text::appendRightAligned(field_, number, width);
     line_.put(field_);
   }
 
