@@ -20,19 +20,22 @@ class CountingScreen final : public run::Screen {
   void printReport(const run::ReportHeading&, std::uint64_t) override {}
 };
 
-run::FormatTables tables() {
-  run::FormatTables formats = formats::formatTables();
-  formats.report = {.makeWriter = report::makeReportWriter,
-                    .version = "1.0.0",
-                    .today =
-                        [] {
-                          return text::Date{2026, 11, 21};
-                        },
-                    .joint = report::reportJoint};
-  return formats;
-}
-
 }  // namespace
+
+const run::FormatTables& tables() {
+  static const run::FormatTables instance = [] {
+    run::FormatTables formats = formats::formatTables();
+    formats.report = {.makeWriter = report::makeReportWriter,
+                      .version = "1.0.0",
+                      .today =
+                          [] {
+                            return text::Date{2026, 11, 21};
+                          },
+                      .joint = report::reportJoint};
+    return formats;
+  }();
+  return instance;
+}
 
 void require(bool holds, std::string_view property, std::string_view detail) {
   if (holds) return;

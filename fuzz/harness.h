@@ -24,6 +24,9 @@ const tests::TemporaryFolder& folder();
 /// Settings of a run from the file "in" into "out" between two systems, without questions.
 run::RunSettings settingsFor(std::int16_t source, std::int16_t target, std::int16_t code);
 
+/// Those of the program, with the report.
+const run::FormatTables& tables();
+
 /// What a run did, besides its result.
 struct Account {
   run::RunResult result;

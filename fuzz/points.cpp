@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "formats/format_tables.h"
 #include "harness.h"
 #include "run/format_index.h"
+#include "run/preview.h"
 
 using namespace tovak;
 
@@ -52,11 +52,27 @@ void requireSameAgain(run::RunSettings settings, const fuzz::Account& first) {
   }
 }
 
+/// What was shown before a run is what it wrote.
+void requirePreviewAlike(const run::RunSettings& settings, const fuzz::Account& account) {
+  std::vector<Call> calls = fuzz::engine().calls;
+  const run::Preview preview = run::previewRun(settings, fuzz::engine(), fuzz::tables());
+  fuzz::engine().calls = std::move(calls);
+  if (!preview.complete) return;
+  const run::RecordCounts& counts = account.result.counts;
+  fuzz::require(
+      preview.counts.converted == counts.converted && recordsSkipped(preview.counts) == recordsSkipped(counts),
+      "the preview has as many points as the run", preview.verdictText);
+  // An older target stays when no point was converted.
+  if (counts.converted == 0) return;
+  const std::string written = tests::contentsOf(settings.target.fileName);
+  fuzz::require(preview.targetText == written, "the preview shows what the run writes", written);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string_view bytes(reinterpret_cast<const char*>(data), size);
-  static const run::FormatTables formats = formats::formatTables();
+  const run::FormatTables& formats = fuzz::tables();
   const auto target = static_cast<std::int16_t>(fuzz::takeByte(bytes) % formats.targets.size());
   const auto source = static_cast<std::int16_t>(1 + fuzz::takeByte(bytes) % (formats.sources.size() - 1));
   const unsigned choices = fuzz::takeByte(bytes);
@@ -82,6 +98,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (std::string_view line; lines.next(line);) continue;
     fuzz::require(recordsRead(account.result.counts) == lines.lineNumber(), "every line is accounted for");
   }
+  requirePreviewAlike(settings, account);
   if (account.result.counts.converted > 0) requireSameAgain(settings, account);
   return 0;
 }
