@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "run/format_index.h"
+#include "selection/job_file.h"
 #include "text/number.h"
 #include "text/strings.h"
 
@@ -88,7 +89,7 @@ bool holdsHelpSwitch(std::string_view item) {
 
 class Parser {
  public:
-  explicit Parser(std::string_view line) : rest_(line) {}
+  Parser(std::string_view line, const run::RunSettings& before) : rest_(line) { items_.settings = before; }
 
   CommandItems parse() {
     while (!rest_.empty()) {
@@ -116,7 +117,10 @@ class Parser {
   std::size_t takeFileName() {
     const Item item = itemAt(rest_);
     const std::string name(item.value);
-    if (items_.source.fileName.empty()) {
+    if (items_.source.fileName.empty() && items_.target.fileName.empty() && selection::isJobName(name)) {
+      items_.jobs.push_back(name);
+      findWorkingFolder(name);
+    } else if (items_.source.fileName.empty()) {
       items_.source.fileName = name;
       findWorkingFolder(name);
     } else if (items_.target.fileName.empty()) {
@@ -226,7 +230,8 @@ class Parser {
   }
 
   void takeReportFile(std::string_view name) {
-    if (text::trimBlanks(name).empty()) return;  // the report of the day
+    items_.reportOfDay = text::trimBlanks(name).empty();
+    if (items_.reportOfDay) return;
     items_.settings.reportFileName = name;
     items_.settings.reportEnabled = true;
     items_.reportFileNamed = true;
@@ -266,8 +271,8 @@ std::optional<std::string> itemAskingForHelp(std::string_view line) {
   return std::nullopt;
 }
 
-CommandItems parseCommandItems(std::string_view line) {
-  return Parser(text::trimBlanks(line)).parse();
+CommandItems parseCommandItems(std::string_view line, const run::RunSettings& before) {
+  return Parser(text::trimBlanks(line), before).parse();
 }
 
 }  // namespace tovak::app

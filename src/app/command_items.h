@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "run/run_settings.h"
 
@@ -28,6 +29,9 @@ struct CommandItems {
   run::RunSettings settings;
   std::filesystem::path workingFolder;
   bool reportFileNamed = false;
+  bool reportOfDay = false;  ///< "-R" without a name
+  /// The file names before the source that end in ".tovak".
+  std::vector<std::string> jobs;
   /// The line asks for an agency database run.
   bool agencyRun = false;
   /// A number that cannot be read, which ended the parsing; empty for none.
@@ -36,7 +40,8 @@ struct CommandItems {
   std::string rangeProblems;
 };
 
-CommandItems parseCommandItems(std::string_view line);
+/// `before` are the settings that the line's options change.
+CommandItems parseCommandItems(std::string_view line, const run::RunSettings& before = {});
 
 /// The first item of the line that holds the help switch "-h", in either letter case, even inside the name of a file.
 /// In the folder part of an existing file's name it does not count.

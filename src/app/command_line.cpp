@@ -7,8 +7,10 @@
 #include <utility>
 
 #include "app/command_items.h"
+#include "formats/database/map_sheets.h"
 #include "run/format_index.h"
 #include "run/projection_code.h"
+#include "selection/job_file.h"
 #include "selection/selections.h"
 #include "text/strings.h"
 
@@ -40,8 +42,9 @@ constexpr SideMessages kTargetMessages = {
 
 class Checker {
  public:
-  Checker(CommandItems& parsed, const FormatTables& formats)
-      : parsed_(parsed), formats_(formats), batch_(parsed.settings.BatchMode > 0) {}
+  /// `ofJob`: the parts that the line leaves to a job are filled in.
+  Checker(CommandItems& parsed, const FormatTables& formats, bool ofJob = false)
+      : parsed_(parsed), formats_(formats), batch_(parsed.settings.BatchMode > 0), ofJob_(ofJob) {}
 
   std::string problems() {
     if (!parsed_.numberProblem.empty()) return parsed_.numberProblem;
@@ -93,7 +96,8 @@ class Checker {
   void checkBatchSource() {
     if (!batch_) return;
     if (parsed_.source.format == run::source::Keyboard) add("Batch Mode Data Source Cannot Be Keyboard.");
-    if (parsed_.source.format == run::source::GeodeticCsv) add("Batch Mode Data Source Cannot Be a CSV File.");
+    if (!ofJob_ && parsed_.source.format == run::source::GeodeticCsv)
+      add("Batch Mode Data Source Cannot Be a CSV File.");
   }
 
   void checkBatchTarget() {
@@ -106,7 +110,7 @@ class Checker {
     } else if (side.projection > run::kLastProjectionCode) {
       add(messages.projectionImproper);
       side.projection = kNotGiven;
-    } else if (batch_ && side.projection == run::kUserDefinedProject) {
+    } else if (batch_ && side.projection == run::kUserDefinedProject && !parsed_.settings.project) {
       add(messages.projectionUserDefined);
       side.projection = kNotGiven;
     }
@@ -115,6 +119,7 @@ class Checker {
   CommandItems& parsed_;
   const FormatTables& formats_;
   const bool batch_;
+  const bool ofJob_;
   std::string problems_;
 };
 
@@ -156,6 +161,73 @@ run::RunSettings chosenSettings(const CommandItems& parsed, const FormatTables& 
   return selections.run;
 }
 
+void fillFromJob(CommandSide& side, const run::SideSettings& ofJob, std::int16_t format, std::int16_t projection) {
+  if (side.fileName.empty()) side.fileName = ofJob.fileName;
+  if (side.format == kNotGiven) side.format = format;
+  if (side.projection == kNotGiven) side.projection = projection;
+  if (!side.metres) side.metres = ofJob.metres;
+}
+
+/// Another source for a job from the geodetic database: one sheet, or all of its county, as in the job.
+std::string replaceSheets(run::RunSettings& settings) {
+  std::vector<std::string>& sheets = settings.options.geodeticCsv.sheets;
+  settings.options.geodeticCsv.countyName.clear();
+  if (sheets.size() <= 1) {
+    sheets.clear();
+    return {};
+  }
+  text::Result<formats::database::MapSheetList> found = formats::database::findMapSheets(settings.source.fileName);
+  if (found) sheets = std::move(*found);
+  return found.error;
+}
+
+/// Puts the job's settings, changed by the rest of the line, into the result; or the problems.
+void takeJob(CommandLine& result, std::string_view line, const FormatTables& formats) {
+  const selection::Job& job = *result.job;
+  CommandItems parsed = parseCommandItems(line, job.settings);
+  const bool otherSource = !parsed.source.fileName.empty();
+  if (parsed.target.projection == kNotGiven && forcesLatLong(parsed.target, formats)) {
+    parsed.target.projection = run::kLatLongNad83;
+  }
+  CommandItems checked = parsed;
+  fillFromJob(checked.source, job.settings.source, job.settings.sourceFormat, job.settings.SourceProjectionCode);
+  fillFromJob(checked.target, job.settings.target, job.settings.targetFormat, job.settings.TargetProjectionCode);
+  result.MessageText = Checker(checked, formats, parsed.source.format == kNotGiven).problems();
+  parsed.source.fileName = checked.source.fileName;
+  parsed.target.fileName = checked.target.fileName;
+  result.settings = chosenSettings(parsed, formats);
+  result.workingFolder = parsed.workingFolder;
+  if (parsed.reportOfDay) {
+    result.settings.reportEnabled = true;
+    result.settings.reportFileName.clear();
+  }
+  result.reportFileNamed = !result.settings.reportFileName.empty();
+  if (otherSource && result.MessageText.empty() &&
+      formats.sources[static_cast<std::size_t>(result.settings.sourceFormat)].fromDatabase)
+    result.MessageText = replaceSheets(result.settings);
+}
+
+CommandLine jobCommandLine(std::string_view line, const CommandItems& parsed, const FormatTables& formats,
+                           std::size_t position) {
+  CommandLine result;
+  result.settings.BatchMode = parsed.settings.BatchMode;
+  result.workingFolder = parsed.workingFolder;
+  result.jobs = parsed.jobs;
+  if (parsed.jobs.size() > 1 && parsed.settings.BatchMode == 0) {
+    result.MessageText = "Several Jobs Need -B or -Q.";
+  } else if (parsed.jobs.size() > 1 && !parsed.source.fileName.empty()) {
+    result.MessageText = "Several Jobs Take No Other File Names.";
+  }
+  if (!result.MessageText.empty()) return result;
+  text::Result<selection::Job> job = selection::readJob(parsed.jobs[position], formats);
+  result.MessageText = job.error;
+  if (job) {
+    result.job = std::move(*job);
+    takeJob(result, line, formats);
+  }
+  return result;
+}
+
 /// Where the value of an argument begins: after the letters of "-R".
 std::size_t valueStart(std::string_view argument) {
   const bool report = argument.size() > 2 && argument[0] == '-' && text::upperCase(argument[1]) == 'R';
@@ -187,8 +259,9 @@ std::string faultyArgument(const std::vector<std::string>& arguments) {
   return faulty == arguments.end() ? std::string() : *faulty;
 }
 
-CommandLine parseCommandLine(std::string_view line, const FormatTables& formats) {
+CommandLine parseCommandLine(std::string_view line, const FormatTables& formats, std::size_t job) {
   CommandItems parsed = parseCommandItems(line);
+  if (!parsed.jobs.empty()) return jobCommandLine(line, parsed, formats, job);
   // A projection named anywhere on the line overrides the format's own.
   if (parsed.target.projection == kNotGiven && forcesLatLong(parsed.target, formats)) {
     parsed.target.projection = run::kLatLongNad83;

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/batch_run.h"
 #include "app/command_items.h"
 #include "app/command_line.h"
 #include "app/console_person.h"
@@ -15,10 +16,7 @@
 #include "formats/delimited/built_in_formats.h"
 #include "formats/format_tables.h"
 #include "report/report_writer.h"
-#include "run/account_lines.h"
-#include "run/conversion_run.h"
 #include "run/data_folder.h"
-#include "run/doubts.h"
 #include "run/module_loader.h"
 #include "text/characters.h"
 #include "text/strings.h"
@@ -56,18 +54,12 @@ ExitStatus refuse(const Surroundings& io, const std::string& text) {
   return kCommandLineProblem;
 }
 
-ExitStatus exitStatus(const run::RunResult& result) {
-  if (result.outcome == run::RunOutcome::Stopped) return kStoppedByMessage;
-  const bool everything =
-      result.outcome == run::RunOutcome::Finished && recordsSkipped(result.counts) == 0 && result.counts.converted > 0;
-  if (!everything) return kNotEverythingConverted;
-  return anyDoubt(result.counts.doubts) ? kDoubts : kFinished;
-}
-
 /// The part of the start that batch runs and the window share.
 struct Preparation {
   CommandLine line;
   EngineStart engine;
+  text::Result<run::UsualAreas> areas;
+  std::string dailyReport;
   formats::delimited::DelimitedFormatTable delimitedFormats;
   std::string definitionsFile;
 };
@@ -79,6 +71,9 @@ ExitStatus runWindow(const Preparation& prepared, std::vector<run::Message> mess
   WindowStart start;
   start.settings = prepared.line.settings;
   start.settings.BatchMode = 0;
+  start.job = prepared.line.job;
+  if (start.job) start.jobFile = std::filesystem::absolute(prepared.line.jobs.front()).string();
+  start.dailyReport = prepared.dailyReport;
   start.workingFolder = prepared.line.workingFolder;
   start.messages = std::move(messages);
   start.engine = prepared.engine.engine.get();
@@ -95,26 +90,6 @@ ExitStatus runWindow(const Preparation& prepared, std::vector<run::Message> mess
   return unopened;
 }
 
-ExitStatus runBatch(Preparation& prepared, const run::FormatTables& formats, const Surroundings& io) {
-  run::RunSettings& settings = prepared.line.settings;
-  settings.reportEnabled = false;
-  const bool talkative = settings.BatchMode == 1;
-  ConsolePerson person(io.err, talkative && io.errIsTerminal, io.hasDisplay);
-  const run::RunResult result =
-      run::convert(settings, *prepared.engine.engine, formats, {.person = person, .progress = &person});
-  person.endProgress();
-  const bool begun = result.outcome != run::RunOutcome::Stopped || recordsRead(result.counts) > 0;
-  if (!person.leftBatchMode() && !result.MessageText.empty()) {
-    printMessage(io.err, {.text = result.MessageText, .title = "Batch Mode Error"});
-  }
-  const ExitStatus status = exitStatus(result);
-  if (begun && (talkative || status != kFinished)) {
-    for (const std::string& line : accountLines(result)) printLine(io.err, line);
-  }
-  if (person.leftBatchMode()) runWindow(prepared, person.messagesForWindow(), status, formats, io);
-  return status;
-}
-
 /// Reports, where the person looks, that there is no engine.
 ExitStatus stopWithoutEngine(const Preparation& prepared, bool inWindow, const run::FormatTables& formats,
                              const Surroundings& io) {
@@ -124,6 +99,26 @@ ExitStatus stopWithoutEngine(const Preparation& prepared, bool inWindow, const r
   // The window shows it too; this is for a log of standard error.
   if (!message.detail.empty()) printLine(io.err, message.detail);
   return inWindow ? runWindow(prepared, {message}, kStoppedByMessage, formats, io) : kStoppedByMessage;
+}
+
+/// Starts the engine, and reads the usual areas of its systems. Without the areas there is no engine either.
+void startUp(Preparation& prepared, run::FormatTables& formats) {
+  prepared.engine = startEngine();
+  prepared.areas = run::readUsualAreas(run::dataFile("areas.txt"));
+  if (prepared.areas) formats.areas = &*prepared.areas;
+  if (prepared.engine.engine == nullptr || prepared.areas) return;
+  prepared.engine = {
+      .engine = nullptr, .message = {.text = prepared.areas.error, .title = "Usual Areas"}, .reason = {}};
+}
+
+/// Reads the delimited formats; the message about a faulty file, if it is one.
+std::vector<run::Message> takeDefinitions(Preparation& prepared, const std::filesystem::path& folder) {
+  const text::Result<formats::delimited::DelimitedFormatTable> definitions = loadFormats(folder);
+  prepared.delimitedFormats =
+      definitions ? *definitions : formats::delimited::DelimitedFormatTable{formats::delimited::standardFormat()};
+  prepared.definitionsFile = definitionsFile(folder);
+  if (definitions) return {};
+  return {{.text = definitions.error + "\nOnly \"Tovak Standard\" is available.", .title = "Definitions File"}};
 }
 
 }  // namespace
@@ -144,38 +139,35 @@ ExitStatus runProgram(const std::string& commandLine, const Surroundings& io) {
   if (!text::trimBlanks(commandLine).empty()) prepared.line = parseCommandLine(commandLine, formats);
   CommandLine& line = prepared.line;
   const std::int16_t batchMode = line.settings.BatchMode;
-  const bool faultyBatch = batchMode > 0 && !line.MessageText.empty();
-  if (faultyBatch && (batchMode == 2 || !io.hasDisplay)) return refuse(io, line.MessageText);
-  const bool inWindow = batchMode == 0 || faultyBatch;
+  // In the window a problem of the line can still be solved; a job that cannot be read is a problem there too.
+  const bool unreadJob = !line.jobs.empty() && !line.job;
+  const bool several = line.jobs.size() > 1 && batchMode > 0;
+  const bool faulty = !line.MessageText.empty() && (batchMode > 0 || unreadJob) && !several;
+  if (faulty && (batchMode == 2 || !io.hasDisplay)) return refuse(io, line.MessageText);
+  const bool inWindow = batchMode == 0 || faulty;
   if (inWindow && !io.hasDisplay) {
     return refuse(io, "A display is needed for the main window; use -B or -Q to convert without one.");
   }
 
-  prepared.engine = startEngine();
-  const text::Result<run::UsualAreas> areas = run::readUsualAreas(run::dataFile("areas.txt"));
-  if (areas) formats.areas = &*areas;
-  if (prepared.engine.engine != nullptr && !areas) {
-    prepared.engine = {.engine = nullptr, .message = {.text = areas.error, .title = "Usual Areas"}, .reason = {}};
-  }
+  startUp(prepared, formats);
   if (prepared.engine.engine == nullptr) return stopWithoutEngine(prepared, inWindow, formats, io);
-  if (!line.reportFileNamed) {
+  prepared.dailyReport = dailyReportName(folder, io.today());
+  if (line.job) {
+    nameReportOfJob(line, prepared.dailyReport);
+  } else if (!line.reportFileNamed) {
     line.settings.reportEnabled = true;
-    line.settings.reportFileName = dailyReportName(folder, io.today());
+    line.settings.reportFileName = prepared.dailyReport;
   }
-  const text::Result<formats::delimited::DelimitedFormatTable> definitions = loadFormats(folder);
-  prepared.delimitedFormats =
-      definitions ? *definitions : formats::delimited::DelimitedFormatTable{formats::delimited::standardFormat()};
-  prepared.definitionsFile = definitionsFile(folder);
-  std::vector<run::Message> messages;
-  if (!definitions) {
-    messages.push_back(
-        {.text = definitions.error + "\nOnly \"Tovak Standard\" is available.", .title = "Definitions File"});
-  }
-  if (faultyBatch) messages.push_back({.text = line.MessageText, .title = "Command Line Error"});
-  const ExitStatus status = faultyBatch ? kCommandLineProblem : kFinished;
+  std::vector<run::Message> messages = takeDefinitions(prepared, folder);
+  if (faulty) messages.push_back({.text = line.MessageText, .title = "Command Line Error"});
+  const ExitStatus status = faulty ? kCommandLineProblem : kFinished;
   if (inWindow) return runWindow(prepared, std::move(messages), status, formats, io);
   for (const run::Message& message : messages) printMessage(io.err, message);
-  return runBatch(prepared, formats, io);
+  const BatchTools tools = {.engine = *prepared.engine.engine, .formats = formats, .io = io};
+  if (several) return runJobs(commandLine, line, prepared.dailyReport, tools);
+  const BatchRun run = runBatch(line, tools);
+  if (run.leftBatchMode) runWindow(prepared, run.messagesForWindow, run.status, formats, io);
+  return run.status;
 }
 
 ExitStatus runArguments(const std::vector<std::string>& arguments, const Surroundings& io) {

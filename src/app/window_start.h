@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "run/formats.h"
 #include "run/message.h"
 #include "run/run_settings.h"
+#include "selection/job.h"
 
 namespace tovak::app {
 
@@ -17,6 +19,11 @@ inline constexpr const char* kWindowIdentifier = "TovakWindow.Tvkn";
 
 struct WindowStart {
   run::RunSettings settings;  ///< what the window opens with
+  /// The job that the settings come from, as its file has it, and the file; nothing without one.
+  std::optional<selection::Job> job;
+  std::string jobFile;
+  /// The report file of the day, which a job does not name; empty where it is not known.
+  std::string dailyReport;
   /// Where file dialogs open; may be empty.
   std::filesystem::path workingFolder;
   /// Shown in this order once the window is open.

@@ -8,7 +8,6 @@
 #include "engine/proj_objects.h"
 #include "engine/projections.h"
 #include "run/projection_code.h"
-#include "run/user_project.h"
 #include "text/angle.h"
 #include "text/number.h"
 
@@ -51,14 +50,17 @@ ProjectResult loadProject(pj_ctx* context) {
   const std::string file = run::userProjectFile();
   const text::Result<std::optional<run::UserProject>> read = run::readUserProject(file);
   if (!read || !*read) return {std::nullopt, withoutTildes(read.error)};
-  const run::UserProject& stored = **read;
+  return makeProject(context, **read, file);
+}
+
+ProjectResult makeProject(pj_ctx* context, const run::UserProject& stored, const std::string& from) {
   text::Result<Parameters> definition = readDefinition(context, stored.definition, std::nullopt);
   if (!definition) {
-    return {std::nullopt, withoutTildes(file + ": the definition cannot be used: " + definition.error)};
+    return {std::nullopt, withoutTildes(from + ": the definition cannot be used: " + definition.error)};
   }
   const Datum datum = definition->datum;
   if (!stored.datum.empty() && stored.datum != nameOf(datum)) {
-    return {std::nullopt, withoutTildes(file + ": the definition is on " + std::string(nameOf(datum)))};
+    return {std::nullopt, withoutTildes(from + ": the definition is on " + std::string(nameOf(datum)))};
   }
   const std::string name = "User-defined project " + stored.name + ", ";
   return {Project{.name = stored.name,

@@ -7,6 +7,7 @@
 
 #include "engine/catalogue.h"
 #include "run/length_unit.h"
+#include "run/user_project.h"
 
 struct pj_ctx;
 
@@ -31,6 +32,8 @@ struct ProjectResult {
 
 /// Reads the project's file again.
 ProjectResult loadProject(pj_ctx* context);
+/// Makes a system of a project; a fault begins with `from`, where the project comes from.
+ProjectResult makeProject(pj_ctx* context, const run::UserProject& stored, const std::string& from);
 
 /// The check of a definition that is not stored yet.
 struct ProjectCheck {

@@ -10,6 +10,7 @@
 #include "run/projection_code.h"
 #include "text/angle.h"
 #include "text/number.h"
+#include "text/strings.h"
 
 namespace tovak::engine {
 namespace {
@@ -67,11 +68,24 @@ bool TovakX::readCounties(std::string& reason) {
 
 /// The project may have been changed since the last run; everything prepared for the old one is dropped.
 void TovakX::readProject() {
-  ProjectResult now = loadProject(context_.get());
+  ProjectResult now =
+      givenProject_ ? makeProject(context_.get(), *givenProject_, "The job's project") : loadProject(context_.get());
   if (projectRead_ && now == project_) return;
   project_ = std::move(now);
   projectRead_ = true;
   prepared_ = {};
+}
+
+/// The lines are definition, name and datum, all of them empty for no project.
+void TovakX::takeGivenProject(std::string_view lines, run::LengthUnit unit) {
+  const std::string_view definition = text::takeField(lines, '\n');
+  const std::string_view name = text::takeField(lines, '\n');
+  givenProject_.reset();
+  if (definition.empty()) return;
+  givenProject_ = {.name = std::string(name),
+                   .definition = std::string(definition),
+                   .metres = unit == run::LengthUnit::metres,
+                   .datum = std::string(lines)};
 }
 
 const CoordinateSystem* TovakX::find(std::int16_t code) {
@@ -139,7 +153,13 @@ std::int16_t TovakX::GetProjectionFromText(const std::string& text, std::string&
   for (const run::LengthUnit unit : {run::LengthUnit::metres, run::LengthUnit::usSurveyFeet}) {
     const std::string candidate = run::projectionText(run::kUserDefinedProject, unit == run::LengthUnit::metres) + '\n';
     if (!text.starts_with(candidate)) continue;
-    ProjectCheck check = checkProject(context_.get(), std::string_view(text).substr(candidate.size()), unit);
+    std::string_view definition = std::string_view(text).substr(candidate.size());
+    if (const std::size_t end = definition.find('\n'); end != std::string_view::npos) {
+      takeGivenProject(definition, unit);
+      readProject();
+      definition = definition.substr(0, end);
+    }
+    ProjectCheck check = checkProject(context_.get(), definition, unit);
     filled = std::move(check.text);
     return check.usable ? run::kUserDefinedProject : run::kUnknownCounty;
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,6 +56,7 @@ class TovakX final : public run::ConversionEngine {
   explicit TovakX(ProjContext context);
   bool readCounties(std::string& reason);
   void readProject();
+  void takeGivenProject(std::string_view lines, run::LengthUnit unit);
   std::string projectData(bool bareName);
   const CoordinateSystem* find(std::int16_t code);
   Prepared prepare(const std::string& sourceText, const std::string& targetText);
@@ -65,6 +67,7 @@ class TovakX final : public run::ConversionEngine {
   std::vector<CoordinateSystem> systems_;  // unchanged once the engine has started
   std::vector<CatalogueZone> zones_;
   std::vector<KnownGrid> knownGrids_;
+  std::optional<run::UserProject> givenProject_;  // in place of the one in the data folder
   ProjectResult project_;
   bool projectRead_ = false;
   Projections projections_;

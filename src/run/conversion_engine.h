@@ -59,6 +59,9 @@ class ConversionEngine {
   ///
   /// Of a `definitionRequest` the engine says whether the definition could be the user-defined project: 263, or 999;
   /// `filled` receives what to tell the person about it, for 263 with the datum alone in the first line (`toldDatum`).
+  ///
+  /// With a `projectRequest` the project it names becomes the user-defined one, usable or not, until the next such
+  /// request; one without a project brings back the one in the data folder. The answer is that about its definition.
   virtual std::int16_t GetProjectionFromText(const std::string& text, std::string& filled) = 0;
 
   /// Whether result texts are wanted for the points that follow. They are made unless the engine is told otherwise; an

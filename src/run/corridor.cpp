@@ -26,23 +26,24 @@ std::optional<Message> Corridor::checkChoices() const {
   return source_.missingChoice == nullptr ? std::nullopt : source_.missingChoice(settings_);
 }
 
-/// If the file cannot be used, the engine says why.
-void Corridor::takeProjectDatum() {
+/// If the project of the data folder cannot be used, the engine says why.
+void Corridor::takeProject() {
   settings_.projectDatum.clear();
   if (settings_.SourceProjectionCode != kUserDefinedProject && settings_.TargetProjectionCode != kUserDefinedProject)
     return;
+  std::string told;
+  const bool taken = giveProject(engine_, settings_.project, told);
+  if (settings_.project) {
+    settings_.projectDatum = toldDatum(told);
+    if (!taken) projectFault_ = told;
+    return;
+  }
   const text::Result<std::optional<UserProject>> stored = readUserProject(userProjectFile());
   if (stored && *stored) settings_.projectDatum = (*stored)->datum;
 }
 
 void Corridor::prepareFormats() {
-  takeProjectDatum();
-  if (!interactive()) {
-    for (DelimitedFormat* format : {&settings_.sourceDelimited, &settings_.targetDelimited}) {
-      format->fieldCodes = kStandardFieldCodes;
-      format->delimiter = ',';
-    }
-  }
+  takeProject();
   if (source_.forcedForm) settings_.latLongForm = *source_.forcedForm;
   if (source_.forcedUnit) {
     settings_.source.metres = *source_.forcedUnit == LengthUnit::metres;
@@ -73,6 +74,7 @@ std::string Corridor::refusalOf(const SideSettings& side) {
 
 /// Takes name, text and unit of a user-defined project from the engine.
 std::optional<Message> Corridor::takeUserDefinedProject(SideSettings& side) {
+  if (!projectFault_.empty()) return messages::projectUnusable(projectFault_);
   const ProjectData project = projectData(engine_);
   side.displayName = project.name;
   side.projectionText = project.projectionText;

@@ -64,12 +64,11 @@ class Corridor {
   DoubtFlags& doubts() { return doubts_; }
 
  private:
-  void takeProjectDatum();
+  void takeProject();
   std::optional<Message> takeUserDefinedProject(SideSettings& side);
   std::string refusalOf(const SideSettings& side);
   AreaLimits usualLimits(std::int16_t code, const SideSettings& side, Doubt doubt);
   void compareWithIdentification();
-  bool interactive() const { return settings_.BatchMode == 0; }
 
   RunSettings& settings_;
   ConversionEngine& engine_;
@@ -80,6 +79,7 @@ class Corridor {
   AreaLimits sourceLimits_;
   AreaLimits targetLimits_;
   DoubtFlags doubts_;
+  std::string projectFault_;  ///< why the project of a job cannot be used
   Message readerMessage_;
   text::LineReader lines_;
   std::unique_ptr<PointReader> reader_;

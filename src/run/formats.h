@@ -103,6 +103,8 @@ struct AgencyPartner {
 
 struct SourceFormat {
   std::string_view name;
+  /// The format's name in job files, different from all others of its list; it never changes.
+  std::string_view key = {};
   SourceKind kind = SourceKind::File;
   /// Null for an agency run.
   std::unique_ptr<PointReader> (*makeReader)(const SourceContext&) = nullptr;
@@ -129,6 +131,8 @@ struct SourceFormat {
 
 struct TargetFormat {
   std::string_view name;
+  /// As that of a source format.
+  std::string_view key = {};
   TargetKind kind = TargetKind::File;
   /// Null for the screen and for an agency run.
   std::unique_ptr<PointWriter> (*makeWriter)(const TargetContext&) = nullptr;

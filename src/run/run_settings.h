@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "run/delimited_format.h"
 #include "run/format_options.h"
 #include "run/length_unit.h"
+#include "run/user_project.h"
 #include "text/angle.h"
 #include "text/number.h"
 
@@ -37,8 +39,10 @@ struct RunSettings {
   SideSettings source;
   SideSettings target;
   /// "NAD27" or "NAD83", the datum found with the definition of the user-defined project; empty where it is not known.
-  /// A run takes it from the project's file.
+  /// A run takes it from the project.
   std::string projectDatum;
+  /// The user-defined project of a job; nothing for the one in the data folder.
+  std::optional<UserProject> project = {};
 
   /// How latitudes and longitudes of the source are written.
   text::AngleForm latLongForm = text::AngleForm::DegreesMinutesSeconds;

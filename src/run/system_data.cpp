@@ -29,4 +29,11 @@ ProjectData projectData(ConversionEngine& engine) {
   return project;
 }
 
+bool giveProject(ConversionEngine& engine, const std::optional<UserProject>& project, std::string& told) {
+  const std::int16_t answer = engine.GetProjectionFromText(projectRequest(project), told);
+  if (!project || answer == kUserDefinedProject) return true;
+  if (told.empty()) told = "The conversion engine takes no project of a job.";
+  return false;
+}
+
 }  // namespace tovak::run

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "run/conversion_engine.h"
+#include "run/user_project.h"
 
 namespace tovak::run {
 
@@ -21,5 +23,9 @@ struct ProjectData {
 };
 
 ProjectData projectData(ConversionEngine& engine);
+
+/// Makes the project of a job, or with nothing that of the data folder, the engine's user-defined project. False: the
+/// job's cannot be used. `told` receives what the engine says about it.
+bool giveProject(ConversionEngine& engine, const std::optional<UserProject>& project, std::string& told);
 
 }  // namespace tovak::run

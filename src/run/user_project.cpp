@@ -129,6 +129,11 @@ std::string definitionRequest(const UserProject& project) {
   return projectionText(kUserDefinedProject, project.metres) + '\n' + project.definition;
 }
 
+std::string projectRequest(const std::optional<UserProject>& project) {
+  const UserProject given = project.value_or(UserProject());
+  return definitionRequest(given) + '\n' + given.name + '\n' + given.datum;
+}
+
 std::string_view toldDatum(std::string_view answer) {
   const std::string_view line = answer.substr(0, answer.find('\n'));
   if (!line.starts_with(kToldDatum)) return {};

@@ -29,6 +29,8 @@ struct UserProject {
   bool metres = true;  ///< else U.S. survey feet
   /// "NAD27" or "NAD83", what the engine found with the definition; empty where it is not known.
   std::string datum = {};
+
+  bool operator==(const UserProject&) const = default;
 };
 
 /// The file of this user, "project.txt" in the data folder; empty without a data folder.
@@ -43,6 +45,11 @@ std::string faultOf(const UserProject& project);
 /// What the engine's `GetProjectionFromText` is asked about a project's definition: the projection text the project
 /// would have, a line end, and the definition. A text from a data file never looks like that.
 std::string definitionRequest(const UserProject& project);
+
+/// What the engine's `GetProjectionFromText` is told to take a project of a job for the user-defined one in place of
+/// the project in the data folder, or, with nothing, to take that again: the definition request with name and datum in
+/// lines behind it.
+std::string projectRequest(const std::optional<UserProject>& project);
 
 /// The datum in the engine's answer to a `definitionRequest`, empty where its first line does not give one.
 std::string_view toldDatum(std::string_view answer);

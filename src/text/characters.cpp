@@ -29,6 +29,15 @@ bool isControl(std::string_view character) {
 
 }  // namespace
 
+bool isUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = firstCharacterLength(text);
+    if (length == 1 && byteAt(text, 0) >= 0x80U) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
 std::size_t characterCount(std::string_view text) {
   std::size_t count = 0;
   for (; !text.empty(); ++count) text.remove_prefix(firstCharacterLength(text));

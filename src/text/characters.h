@@ -8,6 +8,9 @@
 
 namespace tovak::text {
 
+/// Whether every byte is part of a character.
+bool isUtf8(std::string_view text);
+
 std::size_t characterCount(std::string_view text);
 
 /// The first `count` characters of a text, or the whole of a shorter one.
