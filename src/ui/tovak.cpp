@@ -11,6 +11,7 @@
 #include "run/account_lines.h"
 #include "run/conversion_run.h"
 #include "run/run_messages.h"
+#include "run/system_data.h"
 #include "selection/suggestions.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
@@ -57,7 +58,7 @@ frmTovak::frmTovak(const app::WindowStart& start, QWidget* parent)
       folder_(toQString(start.workingFolder.string())) {
   storeNoDialogSettings();
   form_->setupUi(this);
-  setWindowTitle("Tovak  Version " + toQString(start.version));
+  showJobTitle();
   makeSides();
   fillLists();
   for (const SideWidgets& side : sides_) chooseLayout(side, 0);
@@ -67,6 +68,8 @@ frmTovak::frmTovak(const app::WindowStart& start, QWidget* parent)
   connectReport();
   connectMenus();
   connectPreview();
+  connectJobs();
+  if (start.job) beginJob();
   setRunning(false);
   refresh();
   form_->lstSourceFormat->setFocus();
@@ -206,7 +209,12 @@ void frmTovak::takeSourceFile(const QString& name) {
 }
 
 void frmTovak::openProject() {
-  frmTovakProject(engine_, this).exec();
+  if (frmTovakProject(engine_, this, selections_.run.project).exec() == QDialog::Accepted) {
+    // What was stored takes the place of a job's.
+    selections_.run.project.reset();
+    std::string told;
+    run::giveProject(engine_, {}, told);
+  }
   refresh();
 }
 
@@ -218,6 +226,7 @@ void frmTovak::openHelp() {
 
 void frmTovak::completeStart() {
   for (const run::Message& message : start_.messages) showMessage(this, message);
+  if (start_.job) return resumeJob(*start_.job);
   if (selection::usesDatabase(selections_, start_.formatTables)) chooseDatabase();
 }
 
@@ -279,8 +288,9 @@ bool frmTovak::event(QEvent* event) {
 }
 
 void frmTovak::closeEvent(QCloseEvent* event) {
-  event->setAccepted(!running_);
-  if (!running_) help_.reset();
+  const bool closes = !running_ && mayLeaveJob();
+  event->setAccepted(closes);
+  if (closes) help_.reset();
 }
 
 void frmTovak::changeEvent(QEvent* event) {

@@ -125,6 +125,23 @@ class frmTovak : public QMainWindow {
   void takeSuggestion(const selection::Suggestion& suggestion);
   void followSourceLayout();
 
+  // Jobs.
+  void connectJobs();
+  void beginJob();
+  void resumeJob(const selection::Job& job);
+  void openJob();
+  void openJobFile(const QString& name);
+  bool saveJob();
+  bool saveJobAs();
+  bool mayLeaveJob();
+  void copyCommand();
+  text::Result<std::string> jobTextNow();
+  run::RunSettings settingsForJob();
+  bool jobChanged();
+  void keepJob(const QString& name);
+  void showJobTitle();
+  void takeLayouts();
+
   void execute();
   void paintProgress(std::uint64_t records);
   void setRunning(bool running);
@@ -139,6 +156,8 @@ class frmTovak : public QMainWindow {
   QString folder_;  ///< where file dialogs open
   std::unique_ptr<HelpWindow> help_;
   std::set<std::string> ownTargets_;  ///< written by this window, or the person agreed to replace them
+  QString jobFile_;                   ///< of the open job; empty without one
+  std::string keptJob_;               ///< the text of the selections when it was opened or saved
   bool running_ = false;
   QTimer previewTimer_;
   std::vector<PlanArea> shownAreas_;  ///< in the plan, with these codes as source and target

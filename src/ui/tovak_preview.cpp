@@ -38,6 +38,7 @@ void frmTovak::schedulePreview() {
 /// Dialogs change selections and use the engine, so a preview waits until they are closed.
 void frmTovak::showPreview() {
   if (running_ || QApplication::activeModalWidget() != nullptr) return;
+  setWindowModified(jobChanged());
   PreviewContent content;
   content.settings = selection::runSettings(selections_, start_.formatTables);
   content.preview = run::previewRun(content.settings, engine_, start_.formatTables);

@@ -12,11 +12,12 @@
 
 namespace tovak::ui {
 
-frmTovakProject::frmTovakProject(run::ConversionEngine& engine, QWidget* parent)
+frmTovakProject::frmTovakProject(run::ConversionEngine& engine, QWidget* parent,
+                                 const std::optional<run::UserProject>& ofJob)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakProject>()), engine_(engine) {
   ui_->setupUi(this);
   resize(size().boundedTo(screen()->availableSize()));
-  load();
+  load(ofJob);
   connect(ui_->txtProjectName, &QLineEdit::textChanged, this, &frmTovakProject::check);
   connect(ui_->txtDefinition, &QPlainTextEdit::textChanged, this, &frmTovakProject::check);
   connect(ui_->btnProjectMetric, &QRadioButton::toggled, this, &frmTovakProject::check);
@@ -27,14 +28,14 @@ frmTovakProject::frmTovakProject(run::ConversionEngine& engine, QWidget* parent)
 frmTovakProject::~frmTovakProject() = default;
 
 /// The stored project; a fault in its file is shown until something is typed.
-void frmTovakProject::load() {
+void frmTovakProject::load(const std::optional<run::UserProject>& ofJob) {
   const text::Result<std::optional<run::UserProject>> stored = run::readUserProject(run::userProjectFile());
-  const run::UserProject project = stored.value.value_or(std::nullopt).value_or(run::UserProject());
+  const run::UserProject project = ofJob.value_or(stored.value.value_or(std::nullopt).value_or(run::UserProject()));
   ui_->txtProjectName->setText(toQString(project.name));
   ui_->txtDefinition->setPlainText(toQString(project.definition));
   (project.metres ? ui_->btnProjectMetric : ui_->btnProjectEnglish)->setChecked(true);
   check();
-  if (!stored.error.empty()) ui_->lblWhereabouts->setText(toQString(stored.error));
+  if (!stored.error.empty() && !ofJob) ui_->lblWhereabouts->setText(toQString(stored.error));
 }
 
 run::UserProject frmTovakProject::typed() const {

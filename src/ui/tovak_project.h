@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "run/conversion_engine.h"
@@ -21,11 +22,13 @@ class frmTovakProject final : public QDialog {
   Q_DISABLE_COPY_MOVE(frmTovakProject)
 
  public:
-  explicit frmTovakProject(run::ConversionEngine& engine, QWidget* parent = nullptr);
+  /// Begins with the project of a job, if there is one, else with the one that is stored.
+  explicit frmTovakProject(run::ConversionEngine& engine, QWidget* parent = nullptr,
+                           const std::optional<run::UserProject>& ofJob = {});
   ~frmTovakProject() override;
 
  private:
-  void load();
+  void load(const std::optional<run::UserProject>& ofJob);
   void check();
   void store();
   run::UserProject typed() const;

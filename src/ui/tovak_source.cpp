@@ -12,6 +12,7 @@
 #include "formats/database/map_sheets.h"
 #include "selection/database_choices.h"
 #include "selection/database_source.h"
+#include "selection/job_file.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui/tovak.h"
@@ -86,6 +87,7 @@ void frmTovak::showAllGroups() {
 void frmTovak::dropFile(Side side, const QString& name) {
   if (running_) return;
   const std::string path = name.toStdString();
+  if (selection::isJobName(path)) return openJobFile(name);
   if (side == Side::Target) {
     selection::nameFile(selections_, side, path);
     return refresh();

@@ -56,6 +56,23 @@ TEST_F(UserProject, IsWhatItsFileSaysAtTheStartOfARun) {
   EXPECT_EQ(probe::convert(*engine, "103", "263M", point).code, 10);
 }
 
+TEST_F(UserProject, GivesWayToThatOfAJob) {
+  store("Bridge 9", kDefinition + "clrk66", "feet");
+  const auto give = [&](const std::optional<run::UserProject>& project) {
+    std::string told;
+    const std::int16_t answer = engine->GetProjectionFromText(run::projectRequest(project), told);
+    return std::to_string(answer) + ' ' + engine->GetProjectionData(-263);
+  };
+  run::UserProject project = {.name = "Bypass", .definition = kDefinition + "GRS80", .datum = "NAD83"};
+  EXPECT_EQ(give(project), "263 Bypass~263M");
+  EXPECT_NEAR(probe::convert(*engine, "0", "263M", {47.7654321, -92.1234567, 0.0}).northing, 307874.22545, 6e-6);
+  project.datum = "NAD27";
+  EXPECT_EQ(give(project), "263 The job's project: the definition is on NAD83");
+  project.definition = "+proj=utm";
+  EXPECT_EQ(give(project).find("999 The job's project: the definition cannot be used: "), 0U);
+  EXPECT_EQ(give(std::nullopt).substr(4), "Bridge 9~263");
+}
+
 TEST_F(UserProject, IsCheckedBeforeItIsStored) {
   const std::tuple<std::string, int, const char*> cases[] = {
       {"263M\n" + kDefinition + "GRS80", 263,

@@ -209,9 +209,10 @@ TEST_F(Controls, ChangeTheirSettingAndTheRun) {
       {"txtDescription", typed("Bridge 9"), "description=Bridge 9", "Bridge 9"},
   };
   std::set<std::string> known = {
-      "lstHorizontal",   "lstCsvVertical",  "lstCsvZone",   "txCsvtSrcFile",  // of the database
-      "cmdExecute",      "mnuFileExecute",  "cmdClose",     "mnuFileExit",   "mnuFilePrint",  "mnuFilePreview",
-      "mnuToolsLayouts", "mnuHelpContents", "mnuHelpAbout", "chkTargetText", "chkShowOptions"};
+      "lstHorizontal",   "lstCsvVertical",  "lstCsvZone",       "txCsvtSrcFile",  // of the database
+      "mnuFileOpenJob",  "mnuFileSaveJob",  "mnuFileSaveJobAs", "mnuFileCommand", "cmdExecute",
+      "mnuFileExecute",  "cmdClose",        "mnuFileExit",      "mnuFilePrint",   "mnuFilePreview",
+      "mnuToolsLayouts", "mnuHelpContents", "mnuHelpAbout",     "chkTargetText",  "chkShowOptions"};
   for (const auto& c : cases) known.insert(c.control);
   open();
   for (const QObject* const part :
