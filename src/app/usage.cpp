@@ -39,10 +39,17 @@ For example, latitudes and longitudes in decimal degrees to UTM zone 15 in metre
           formats that ask for it: 1 .001 units, 2 .01 units,
           3 .1 units, 4 1 unit, 5 10 units, 6 100 units
   -Rname  report file of the window, the one of the day          -R"my report.rpt"
-          without a name; a batch run writes no report
+          without a name; a batch run writes none without a job
   -Yyear  NAD83 adjustment named in the target file: 1986,       -Y2011
           1996, 2007 or 2011; must be the last on the line
   -H      this page; also --help
+
+A first name that ends in ".tovak" is a job, which the window has saved. What follows replaces what the job says; of
+several jobs each is run, with a line of account on standard output, and the exit status is the smallest but 0:
+
+  tovak night.tovak -B
+  tovak night.tovak today.csv today_out.csv -Q
+  tovak north.tovak south.tovak -Q
 
 The help switch is found anywhere in the line, even inside a file name: a command line with "my-house.csv" shows this
 page and converts nothing. Only in the folder names of an existing file, as in "/my-home/points.csv", does it not
@@ -90,7 +97,7 @@ void appendFormats(std::string& page, std::string_view heading, const Formats& f
 
 void appendProjections(std::string& page, run::ConversionEngine& engine) {
   for (std::int16_t code = 0; code <= run::kLastProjectionCode; ++code) {
-    // Batch runs cannot use the user-defined project.
+    // Batch runs have the user-defined project only from a job.
     const std::string name = code == run::kUserDefinedProject ? std::string() : run::systemName(engine, code);
     if (!name.empty()) appendEntry(page, code + 1, name);
   }
