@@ -12,6 +12,7 @@
 #include "run/projection_code.h"
 #include "selection/job_file.h"
 #include "selection/selections.h"
+#include "text/file_identity.h"
 #include "text/strings.h"
 
 namespace tovak::app {
@@ -207,6 +208,15 @@ void takeJob(CommandLine& result, std::string_view line, const FormatTables& for
     result.MessageText = replaceSheets(result.settings);
 }
 
+/// Whether a run would write over one of the jobs.
+bool writesOverJob(const CommandLine& line) {
+  const run::RunSettings& settings = line.settings;
+  return std::ranges::any_of(line.jobs, [&](const std::string& job) {
+    return text::sameFile(job, settings.target.fileName) ||
+           (settings.reportEnabled && text::sameFile(job, settings.reportFileName));
+  });
+}
+
 CommandLine jobCommandLine(std::string_view line, const CommandItems& parsed, const FormatTables& formats,
                            std::size_t position) {
   CommandLine result;
@@ -224,6 +234,7 @@ CommandLine jobCommandLine(std::string_view line, const CommandItems& parsed, co
   if (job) {
     result.job = std::move(*job);
     takeJob(result, line, formats);
+    if (result.MessageText.empty() && writesOverJob(result)) result.MessageText = "A Job Cannot Be Target or Report.";
   }
   return result;
 }

@@ -61,6 +61,8 @@ void frmTovak::connectJobs() {
 /// The window opens with a job, whose settings the command line may have changed.
 void frmTovak::beginJob() {
   jobFile_ = toQString(start_.jobFile);
+  std::string toldLater;
+  run::giveProject(engine_, selections_.run.project, toldLater);
   const selection::Selections now = selections_;
   selections_ = selection::selectionsFrom(start_.job->settings, start_.formatTables);
   keptJob_ = jobTextNow().value.value_or(std::string());

@@ -143,9 +143,12 @@ TEST_F(Jobs, AreRunOneAfterTheOtherWhateverBecomesOfOne) {
   EXPECT_NE(err.str().find("is \"Latitude and Longitude, NAD83\" here, and \"Altitude and"), std::string::npos);
   EXPECT_EQ(run(c + " " + b + " -Q"), kCommandLineProblem);
   EXPECT_EQ(run(c + " " + c + " -Q"), kDoubts);
-  const std::pair<std::string, const char*> refused[] = {{c + " " + a, "Several Jobs Need -B or -Q."},
-                                                         {folder.file("no.tovak") + " -Q", "No such file or directory"},
-                                                         {b, "newer version"}};
+  const std::pair<std::string, const char*> refused[] = {
+      {c + " " + a, "Several Jobs Need -B or -Q."},
+      {folder.file("no.tovak") + " -Q", "No such file or directory"},
+      {c + " in.csv " + c + " -Q", "Source File Does Not Exist."},
+      {c + " samples/control.csv " + c + " -Q", "A Job Cannot Be Target or Report."},
+      {b, "newer version"}};
   for (const auto& [line, problem] : refused) {
     EXPECT_EQ(run(line), kCommandLineProblem);
     EXPECT_NE(err.str().find(problem), std::string::npos) << err.str();
