@@ -25,8 +25,6 @@
 namespace tovak::ui {
 namespace {
 
-using selection::Side;
-
 constexpr const char* kTitle = "Job";
 
 run::Message jobMessage(const std::string& text) {
