@@ -75,6 +75,8 @@ Notes on formats:
   Geopak XY and NE Input File   a double quote in a description is written as it is; replace it in the source when the
                                 program that runs the commands takes it for the end of the description
   Geodimeter Raw Control File   an elevation of 0 is an empty value: 39=
+  KML and GeoJSON File          elevations in metres whatever the units; one of 0 is left out, as in LandXML
+  LandXML and DXF File          plane coordinates only; in DXF a point without an elevation lies at 0
 )";
 
 /// A list entry: the number right-aligned, then the name.

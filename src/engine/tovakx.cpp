@@ -73,7 +73,7 @@ void TovakX::readProject() {
   if (projectRead_ && now == project_) return;
   project_ = std::move(now);
   projectRead_ = true;
-  prepared_ = {};
+  pairs_ = {};
 }
 
 /// The lines are definition, name and datum, all of them empty for no project.
@@ -103,19 +103,18 @@ std::int16_t TovakX::TovakVert(double& InNorthLat, double& InEastLon, double& El
                                double& ElevationOut, const std::string& TargetProjection, std::string& OutInfo,
                                std::string_view LatLongForm) {
   try {
-    if (SourceProjection != prepared_.sourceText || TargetProjection != prepared_.targetText)
-      prepared_ = prepare(SourceProjection, TargetProjection);
-    if (prepared_.error != Error::none) return static_cast<std::int16_t>(prepared_.error);
+    const Prepared& prepared = pairFor(SourceProjection, TargetProjection);
+    if (prepared.error != Error::none) return static_cast<std::int16_t>(prepared.error);
 
     Point point{.northing = InNorthLat, .easting = InEastLon, .elevation = Elevation};
     std::optional<GridFactors> factors;
-    const Error error = convertPoint(prepared_.pair, point, resultTextsWanted_ ? &factors : nullptr);
+    const Error error = convertPoint(prepared.pair, point, resultTextsWanted_ ? &factors : nullptr);
     if (error != Error::none) return static_cast<std::int16_t>(error);
 
     OutInfo.clear();
     if (resultTextsWanted_) {
       appendFactors(OutInfo, factors);
-      OutInfo += LatLongForm == "D" ? prepared_.nameForDecimal : prepared_.name;
+      OutInfo += LatLongForm == "D" ? prepared.nameForDecimal : prepared.name;
     }
     OutNorthLat = point.northing;
     OutEastLon = point.easting;
@@ -169,6 +168,15 @@ std::int16_t TovakX::GetProjectionFromText(const std::string& text, std::string&
   filled += zone->statePlane;
   if (!zone->text.empty()) filled += ' ' + zone->text;
   return zone->code;
+}
+
+/// What could not be prepared is tried anew when its turn comes again: a grid may have been put in its place.
+const TovakX::Prepared& TovakX::pairFor(const std::string& sourceText, const std::string& targetText) {
+  if (pairs_[current_].isFor(sourceText, targetText)) return pairs_[current_];
+  if (pairs_[current_].error == Error::none) current_ = 1 - current_;
+  Prepared& pair = pairs_[current_];
+  if (pair.error != Error::none || !pair.isFor(sourceText, targetText)) pair = prepare(sourceText, targetText);
+  return pair;
 }
 
 TovakX::Prepared TovakX::prepare(const std::string& sourceText, const std::string& targetText) {

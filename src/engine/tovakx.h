@@ -25,7 +25,7 @@ namespace tovak::engine {
 /// metres and U.S. survey feet.
 ///
 /// The projection texts are those that `readProjectionText` describes; a pair of them is prepared when it first comes,
-/// so further points of the same pair cost no more than their own computation.
+/// so further points of the last two pairs cost no more than their own computation.
 class TovakX final : public run::ConversionEngine {
  public:
   /// Null when PROJ, the file of the county zones or that of the known grids is not in order; then `reason` receives
@@ -51,12 +51,17 @@ class TovakX final : public run::ConversionEngine {
     ConversionPair pair;
     std::string name;            // of the target, as it ends the result text
     std::string nameForDecimal;  // the same when decimal degrees are asked for
+
+    bool isFor(const std::string& source, const std::string& target) const {
+      return source == sourceText && target == targetText;
+    }
   };
 
   explicit TovakX(ProjContext context);
   bool readCounties(std::string& reason);
   void readProject();
   void takeGivenProject(std::string_view lines, run::LengthUnit unit);
+  const Prepared& pairFor(const std::string& sourceText, const std::string& targetText);
   std::string projectData(bool bareName);
   const CoordinateSystem* find(std::int16_t code);
   Prepared prepare(const std::string& sourceText, const std::string& targetText);
@@ -72,7 +77,8 @@ class TovakX final : public run::ConversionEngine {
   bool projectRead_ = false;
   Projections projections_;
   DatumShift shift_;
-  Prepared prepared_;
+  std::array<Prepared, 2> pairs_;  // the last two, since points may go there and back by turns
+  std::size_t current_ = 0;
   bool resultTextsWanted_ = true;
 };
 

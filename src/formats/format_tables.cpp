@@ -9,6 +9,10 @@
 #include "formats/delimited/built_in_formats.h"
 #include "formats/delimited/delimited_reader.h"
 #include "formats/delimited/delimited_writer.h"
+#include "formats/exchange/dxf_writer.h"
+#include "formats/exchange/geojson_writer.h"
+#include "formats/exchange/kml_writer.h"
+#include "formats/exchange/landxml_writer.h"
 #include "formats/gps/coords_log_reader.h"
 #include "formats/gps/delorme_writer.h"
 #include "formats/gps/maptech_writer.h"
@@ -174,6 +178,37 @@ constexpr auto kTargets = std::to_array<TargetFormat>({
      .figures = lengthFigures,
      .oneCountyZone = true,
      .closingLine = "$ END"},
+    {.name = "KML 2.2 File (*.kml)",
+     .makeWriter = exchange::makeKmlWriter,
+     .figures = earthFigures,
+     .forcesLatLong = true,
+     .forcedUnit = run::LengthUnit::metres,
+     .fileNameEnding = ".kml",
+     .oneCountyZone = true,
+     .ownBeginning = true},
+    {.name = "GeoJSON File (*.geojson)",
+     .makeWriter = exchange::makeGeoJsonWriter,
+     .figures = earthFigures,
+     .forcesLatLong = true,
+     .forcedUnit = run::LengthUnit::metres,
+     .fileNameEnding = ".geojson",
+     .otherEnding = ".json",
+     .oneCountyZone = true,
+     .ownBeginning = true,
+     .wantsSourceInfo = true},
+    {.name = "LandXML 1.2 Points File (*.xml)",
+     .makeWriter = exchange::makeLandXmlWriter,
+     .figures = knownLengthFigures,
+     .fileNameEnding = ".xml",
+     .otherEnding = ".landxml",
+     .oneCountyZone = true,
+     .ownBeginning = true},
+    {.name = "DXF R12 File (*.dxf)",
+     .makeWriter = exchange::makeDxfWriter,
+     .figures = lengthFigures,
+     .fileNameEnding = ".dxf",
+     .oneCountyZone = true,
+     .ownBeginning = true},
 });
 
 }  // namespace

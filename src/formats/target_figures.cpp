@@ -1,5 +1,7 @@
 #include "formats/target_figures.h"
 
+#include <cmath>
+
 #include "run/labels.h"
 #include "run/projection_code.h"
 #include "text/angle.h"
@@ -19,10 +21,21 @@ void putDecimalDegrees(const run::PointRecord& point, run::PointFigures& figures
 }
 
 void putKnownElevation(const run::RunSettings& settings, const run::PointRecord& point, run::PointFigures& figures) {
-  if (point.Elevation != 0.0) text::formatPrecision(figures.elevation, point.Elevation, settings.accuracy);
+  if (hasElevation(point)) text::formatPrecision(figures.elevation, point.Elevation, settings.accuracy);
 }
 
 }  // namespace
+
+bool hasElevation(const run::PointRecord& point) {
+  return point.Elevation != 0.0 && std::isfinite(point.Elevation);
+}
+
+void earthFigures(const run::RunSettings& settings, const run::PointRecord& point, run::PointFigures& figures) {
+  figures = {};
+  text::appendFineDegrees(figures.northing, point.OutNorthLat);
+  text::appendFineDegrees(figures.easting, point.OutEastLon);
+  putKnownElevation(settings, point, figures);
+}
 
 void mapFigures(const run::RunSettings& /*settings*/, const run::PointRecord& point, run::PointFigures& figures) {
   figures = {};

@@ -5,8 +5,14 @@
 
 namespace tovak::formats {
 
+/// Points carry an elevation of 0 where their source has none.
+bool hasElevation(const run::PointRecord& point);
+
 /// Decimal degrees and no elevation.
 void mapFigures(const run::RunSettings& settings, const run::PointRecord& point, run::PointFigures& figures);
+
+/// Decimal degrees to about a millimetre, and an elevation only where there is one.
+void earthFigures(const run::RunSettings& settings, const run::PointRecord& point, run::PointFigures& figures);
 
 /// Decimal degrees or lengths, and a height in the place of an unknown one.
 void waypointFigures(const run::RunSettings& settings, const run::PointRecord& point, run::PointFigures& figures);

@@ -112,11 +112,17 @@ const auto& rules() {
        {"Geodimeter Raw format not valid with NAD27 or NAD83 lat/long map projection", "Invalid target combination",
         Icon::Exclamation}},
       {[](const Settings& s) {
-         const bool gps =
-             targetIs(s, target::DeLorme) || targetIs(s, target::Maptech) || targetIs(s, target::WayPointsPlus);
-         return gps && s.TargetProjectionCode != kLatLongNad83;
+         const bool earth = targetIs(s, target::DeLorme) || targetIs(s, target::Maptech) ||
+                            targetIs(s, target::WayPointsPlus) || targetIs(s, target::Kml) ||
+                            targetIs(s, target::GeoJson);
+         return earth && s.TargetProjectionCode != kLatLongNad83;
        },
        {"This format holds NAD83 latitude and longitude only.", "Invalid target combination", Icon::Exclamation}},
+      {[](const Settings& s) {
+         return (targetIs(s, target::LandXml) || targetIs(s, target::Dxf)) && isLatLong(s.TargetProjectionCode);
+       },
+       {"This format holds plane coordinates only, not latitude and longitude.", "Invalid target combination",
+        Icon::Exclamation}},
   });
   return kRules;
 }

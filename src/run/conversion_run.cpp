@@ -14,10 +14,23 @@
 #include "run/run_messages.h"
 #include "run/run_outputs.h"
 #include "run/vector_registers.h"
+#include "text/file_identity.h"
 #include "text/strings.h"
 
 namespace tovak::run {
 namespace {
+
+/// A device, a pipe or an open descriptor has the name that the system gives it.
+bool lacksEnding(const std::string& name, const TargetFormat& format) {
+  if (text::endsWithIgnoringCase(name, format.fileNameEnding)) return false;
+  if (!format.otherEnding.empty() && text::endsWithIgnoringCase(name, format.otherEnding)) return false;
+  std::error_code unknown;
+  return !text::namedDescriptor(name) && !std::filesystem::is_other(std::filesystem::status(name, unknown));
+}
+
+Message endingQuestion(const TargetFormat& format) {
+  return format.fileNameQuestion == nullptr ? messages::addEnding(format.fileNameEnding) : format.fileNameQuestion();
+}
 
 class ConversionRun {
  public:
@@ -78,7 +91,7 @@ RunResult ConversionRun::execute() {
   const DelimitedFormat chosenSource = settings_.sourceDelimited;
   const DelimitedFormat chosenTarget = settings_.targetDelimited;
   result_.outcome = RunOutcome::Finished;
-  engine_.wantResultTexts(outputs_.showsPoints());
+  engine_.wantResultTexts(outputs_.showsPoints() || target_.wantsSourceInfo);
   const bool agencyRun = source_.kind == SourceKind::AgencyRun;
   const bool finished =
       checkFileNames() && (agencyRun ? mayReplaceTarget() && exportFile() : prepare() && convertPoints() && finish());
@@ -176,8 +189,8 @@ bool ConversionRun::mayReplaceTarget() {
 
 bool ConversionRun::completeTargetName() {
   std::string& name = settings_.target.fileName;
-  if (!text::endsWithIgnoringCase(name, target_.fileNameEnding)) {
-    if (interactive() && !person_.confirm(target_.fileNameQuestion())) return false;
+  if (lacksEnding(name, target_)) {
+    if (interactive() && !person_.confirm(endingQuestion(target_))) return false;
     name += target_.fileNameEnding;
     if (const Message* const collision = fileCollision(settings_)) return stop(*collision);
   }

@@ -49,6 +49,10 @@ void Corridor::prepareFormats() {
     settings_.source.metres = *source_.forcedUnit == LengthUnit::metres;
     settings_.source.projectionText = projectionText(settings_.SourceProjectionCode, settings_.source.metres);
   }
+  if (target_.forcedUnit) {
+    settings_.target.metres = *target_.forcedUnit == LengthUnit::metres;
+    settings_.target.projectionText = projectionText(settings_.TargetProjectionCode, settings_.target.metres);
+  }
   if (source_.prepare != nullptr) source_.prepare(settings_);
   if (target_.prepare != nullptr) target_.prepare(settings_);
 }
@@ -159,7 +163,19 @@ Refusal Corridor::convert(PointRecord& point) {
       point.OutEastLon, point.Elevation, settings_.target.projectionText, point.OutInfo, form);
   if (ErrorCode >= 1) return {&RecordCounts::refusedByEngine, engine_.ErrorText(ErrorCode)};
   if (!targetLimits_.holds(point.OutNorthLat, point.OutEastLon)) doubts_.raise(Doubt::OutsideTargetArea);
+  if (target_.wantsSourceInfo && !isLatLong(settings_.SourceProjectionCode)) takeSourceInfo(point);
   return {};
+}
+
+/// The engine tells convergence and scale factor of the system that it converts into, so the point goes back once.
+void Corridor::takeSourceInfo(PointRecord& point) {
+  double northing = 0.0;
+  double easting = 0.0;
+  double elevation = 0.0;
+  if (engine_.TovakVert(point.OutNorthLat, point.OutEastLon, elevation, settings_.target.projectionText, northing,
+                        easting, elevation, settings_.source.projectionText, point.sourceInfo) >= 1) {
+    point.sourceInfo.clear();
+  }
 }
 
 std::string_view Corridor::recordFile() const {

@@ -69,6 +69,7 @@ class Corridor {
   std::string refusalOf(const SideSettings& side);
   AreaLimits usualLimits(std::int16_t code, const SideSettings& side, Doubt doubt);
   void compareWithIdentification();
+  void takeSourceInfo(PointRecord& point);
 
   RunSettings& settings_;
   ConversionEngine& engine_;

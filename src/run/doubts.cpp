@@ -35,6 +35,8 @@ constexpr auto kSentences = std::to_array<Sentence>({
      " points were refused because minutes or seconds are 60 or more (decimal degrees are read with -A4)"},
     {" point, all there are, was read as DD.MMSSsss (decimal degrees are read with -A4)",
      " points, all there are, were read as DD.MMSSsss (decimal degrees are read with -A4)"},
+    {" point has a text with characters that the target cannot hold, so others stand for them",
+     " points have a text with characters that the target cannot hold, so others stand for them"},
     {" source was changed, replaced or removed while it was read",
      " sources were changed, replaced or removed while they were read"},
 });
@@ -54,6 +56,7 @@ constexpr auto kPhrases = std::to_array<std::string_view>({
     "in the first zone of a divided county, since no zone is named",
     "refused because minutes or seconds are 60 or more",
     "read as DD.MMSSsss, but perhaps decimal degrees",
+    "with characters that the target cannot hold",
     "from a source that changed while it was read",
 });
 static_assert(kPhrases.size() == kDoubtKinds);

@@ -20,15 +20,16 @@ enum class Doubt : std::uint8_t {
   TooWide,            ///< a field is too wide for its columns: the record broke, or a name was cut
   OutsideSourceArea,  ///< outside the usual area of the source's system
   OutsideTargetArea,
-  RunTogether,      ///< a value is given twice in one block: two points may have run together
-  OtherSystem,      ///< the source's own first line names a different system or unit from the run's
-  UnscaledHeights,  ///< a geoid or ellipsoid height stays in the source's unit while the unit changes
-  FirstZone,        ///< the county is divided and no zone was named: its first zone was taken
-  NotBelow60,       ///< refused for minutes or seconds of 60 or more: the angles may be decimal degrees
-  ShortPacked,      ///< a packed angle below 100, which may be decimal degrees
-  SourceChanged,    ///< another program changed, replaced or removed the source before it was read to its end
+  RunTogether,         ///< a value is given twice in one block: two points may have run together
+  OtherSystem,         ///< the source's own first line names a different system or unit from the run's
+  UnscaledHeights,     ///< a geoid or ellipsoid height stays in the source's unit while the unit changes
+  FirstZone,           ///< the county is divided and no zone was named: its first zone was taken
+  NotBelow60,          ///< refused for minutes or seconds of 60 or more: the angles may be decimal degrees
+  ShortPacked,         ///< a packed angle below 100, which may be decimal degrees
+  ReplacedCharacters,  ///< a text has characters that the target cannot hold, and others stand for them
+  SourceChanged,       ///< another program changed, replaced or removed the source before it was read to its end
 };
-inline constexpr std::size_t kDoubtKinds = 13;
+inline constexpr std::size_t kDoubtKinds = 14;
 
 /// The doubts about one point. Readers, writers and the run raise them; the run counts them when it has finished the
 /// point.

@@ -46,6 +46,10 @@ enum Index : std::int16_t {
   WayPointsPlus = 13,
   GeopakXy = 14,
   GeopakNe = 15,
+  Kml = 16,
+  GeoJson = 17,
+  LandXml = 18,
+  Dxf = 19,
 };
 
 constexpr bool isAgency(std::int16_t format) {

@@ -16,6 +16,7 @@
 #include "run/report_heading.h"
 #include "run/run_settings.h"
 #include "run/usual_areas.h"
+#include "text/date.h"
 #include "text/line_reader.h"
 #include "text/line_writer.h"
 
@@ -64,6 +65,8 @@ struct TargetContext {
   const RunSettings& settings;
   DoubtFlags& doubts;        ///< about the point that is being written
   std::string targetSystem;  ///< the engine's name of the target system, else its projection text
+  std::string sourceSystem = {};
+  text::Date today = {};
 };
 
 /// Writes one point per call: a target's format, or the report. Each operation returns false when the file failed; its
@@ -142,11 +145,15 @@ struct TargetFormat {
   void (*prepare)(RunSettings&) = nullptr;
   /// Choosing the format puts latitude and longitude on NAD83 into the target projection box.
   bool forcesLatLong = false;
+  /// The unit of the target, where the format fixes it.
+  std::optional<LengthUnit> forcedUnit = {};
   /// The question before latitudes and longitudes are written to such a file; null for none.
   Message (*latLongQuestion)() = nullptr;
   TargetOptions options = TargetOptions::None;
-  /// What the file's name must end in (letter case ignored), and the question before it is added; empty for any name.
+  /// What the file's name must end in (letter case ignored), and the question before it is added, null for the usual
+  /// one; empty for any name. Names that end in the other ending are left alone.
   std::string_view fileNameEnding = {};
+  std::string_view otherEnding = {};
   Message (*fileNameQuestion)() = nullptr;
   /// The person chooses the layout of a delimited file.
   bool choosesLayout = false;
@@ -154,6 +161,11 @@ struct TargetFormat {
   bool takesOtherLines = false;
   /// From the geodetic database, only points of the chosen county zone go into such a file.
   bool oneCountyZone = false;
+  /// The file begins with the writer's own lines, since no reader of the format would pass over the identification
+  /// line.
+  bool ownBeginning = false;
+  /// The points bring the engine's result text about the source's system along (`PointRecord::sourceInfo`).
+  bool wantsSourceInfo = false;
   /// A last line that the run adds after the writer's lines; empty for none.
   std::string_view closingLine = {};
   /// Only of an agency run.

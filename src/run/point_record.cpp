@@ -23,7 +23,7 @@ void clear(Texts&... texts) {
 void resetPoint(PointRecord& point) {
   clear(point.pointNumber, point.description, point.station, point.offset, point.raField, point.comment,
         point.ellipsoidHeight, point.geoidHeight, point.latitude, point.longitude, point.featureCode, point.figure,
-        point.anythingElse, point.OutInfo, point.sectionLine);
+        point.anythingElse, point.OutInfo, point.sourceInfo, point.sectionLine);
   for (std::string& attribute : point.attributes) attribute.clear();
   restore(point.phField, "   ");
   restore(point.owField, "    ");

@@ -70,6 +70,9 @@ struct PointRecord {
   double OutNorthLat = 0.0;  ///< target northing, or latitude in decimal degrees
   double OutEastLon = 0.0;   ///< target easting, or longitude
   std::string OutInfo;       ///< the engine's result text
+  /// Its result text at the same place in the source's system, for targets that want it; empty for latitude and
+  /// longitude.
+  std::string sourceInfo;
 
   std::uint64_t sourceLine = 0;  ///< the line of the source where the record begins
 

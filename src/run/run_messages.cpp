@@ -63,6 +63,12 @@ Message changeFileName() {
       "Change File Name?", Icon::Question};
 }
 
+Message addEnding(std::string_view ending) {
+  return {
+      "The name of such a file ends in " + std::string(ending) + ".\nTovak will add it to the name of the target file.",
+      "Change File Name?", Icon::Question};
+}
+
 Message finished() {
   return {"Output File Written", "Finished", Icon::Information};
 }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "run/message.h"
 #include "run/record_counts.h"
@@ -29,6 +30,8 @@ Message waypointsInLatLong();
 Message crossingDatums();
 Message projectUnusable(const std::string& reason);
 Message changeFileName();
+/// Before the usual ending of a format, such as ".kml", is added to the name of the target.
+Message addEnding(std::string_view ending);
 Message finished();
 /// Instead of `finished` when there is a report, which otherwise is enough to tell that the run is over.
 Message finishedInDoubt();

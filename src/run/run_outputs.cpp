@@ -16,10 +16,14 @@ std::string nameOf(ConversionEngine& engine, std::int16_t code, const SideSettin
   return name.empty() ? side.projectionText : name;
 }
 
+/// The same, but a project by its own name.
+std::string fullNameOf(ConversionEngine& engine, std::int16_t code, const SideSettings& side) {
+  return side.displayName.empty() ? nameOf(engine, code, side) : side.displayName;
+}
+
 std::string sideHeading(ConversionEngine& engine, const RunSettings& settings, std::int16_t code,
                         const SideSettings& side) {
-  const std::string& name = side.displayName;  // of a project
-  return std::string(datumLabel(settings, code)) + ' ' + (name.empty() ? nameOf(engine, code, side) : name);
+  return std::string(datumLabel(settings, code)) + ' ' + fullNameOf(engine, code, side);
 }
 
 }  // namespace
@@ -47,8 +51,11 @@ bool RunOutputs::beginTarget(ConversionEngine& engine) {
       target_.makeWriter({.lines = targetLines_,
                           .settings = settings_,
                           .doubts = doubts_,
-                          .targetSystem = nameOf(engine, settings_.TargetProjectionCode, settings_.target)});
-  return targetLines_.writeLine(identificationLine(settings_)) && targetWriter_->begin();
+                          .targetSystem = nameOf(engine, settings_.TargetProjectionCode, settings_.target),
+                          .sourceSystem = fullNameOf(engine, settings_.SourceProjectionCode, settings_.source),
+                          .today = today()});
+  if (!target_.ownBeginning && !targetLines_.writeLine(identificationLine(settings_))) return false;
+  return targetWriter_->begin();
 }
 
 bool RunOutputs::openReport(ConversionEngine& engine) {

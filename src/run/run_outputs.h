@@ -56,6 +56,7 @@ class RunOutputs {
  private:
   bool writesFile() const { return target_.kind == TargetKind::File; }
   bool writesReport() const { return settings_.reportEnabled && reportFormat_.makeWriter != nullptr; }
+  text::Date today() const { return reportFormat_.today == nullptr ? text::Date() : reportFormat_.today(); }
   bool beginTarget(ConversionEngine& engine);
   bool openReport(ConversionEngine& engine);
   bool nameTarget();

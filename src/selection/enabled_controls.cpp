@@ -18,7 +18,7 @@ EnabledControls enabledControls(const Selections& selections, const run::FormatT
       .sourceProjection = ordinary,
       .targetProjection = ordinary,
       .sourceUnits = ordinary && settings.SourceProjectionCode != run::kUserDefinedProject,
-      .targetUnits = !ordinary || settings.TargetProjectionCode != run::kUserDefinedProject,
+      .targetUnits = !ordinary || (settings.TargetProjectionCode != run::kUserDefinedProject && !target.forcedUnit),
       .latLongForm = ordinary && settings.latLongFormChosen,
       .ordinaryOptions = ordinary,
       .verticalDatum = ordinary && !(source.fromDatabase && settings.options.geodeticCsv.vertical != 0),

@@ -72,6 +72,7 @@ FormatOutcome chooseTargetFormat(Selections& selections, const run::FormatTables
   settings.targetFormat = format;
   const run::TargetFormat& card = formats.targets[static_cast<std::size_t>(format)];
   if (card.forcesLatLong) pickProjection(selections, Side::Target, run::kLatLongNad83);
+  if (card.forcedUnit) chooseUnit(selections, Side::Target, *card.forcedUnit == run::LengthUnit::metres);
   if (card.partner) {
     settings.sourceFormat = card.partner->format;
     takeForcedForm(selections, formats.sources[static_cast<std::size_t>(settings.sourceFormat)]);
@@ -187,6 +188,7 @@ run::RunSettings runSettings(const Selections& selections, const run::FormatTabl
   const auto target = static_cast<std::size_t>(settings.targetFormat);
   if (formats.sources[source].kind == SourceKind::Keyboard) settings.source.fileName.clear();
   if (formats.targets[target].kind == TargetKind::Screen) settings.target.fileName.clear();
+  if (const auto unit = formats.targets[target].forcedUnit) settings.target.metres = *unit == run::LengthUnit::metres;
   return settings;
 }
 

@@ -143,6 +143,10 @@ void appendDecimalDegrees(std::string& out, double decimalDegrees) {
   appendFixed(out, decimalDegrees, 7);
 }
 
+void appendFineDegrees(std::string& out, double decimalDegrees) {
+  appendFixed(out, decimalDegrees, 8);
+}
+
 void appendDashedAngle(std::string& out, double decimalDegrees) {
   const std::int64_t hundredths = magnitudeIn(kHundredthsPerDegree, decimalDegrees);
   const bool negative = decimalDegrees < 0 && hundredths != 0;

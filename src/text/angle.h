@@ -79,6 +79,8 @@ void appendPackedAngle(std::string& out, double decimalDegrees);
 void appendSpacedAngle(std::string& out, double decimalDegrees);
 /// The whole angle as DD.ddddddd.
 void appendDecimalDegrees(std::string& out, double decimalDegrees);
+/// The whole angle as DD.dddddddd, about a millimetre.
+void appendFineDegrees(std::string& out, double decimalDegrees);
 /// The whole angle as D-MM-SS.ss, rounded to 0.01 second: "-0-35-12.34". An angle that rounds to zero has no sign.
 void appendDashedAngle(std::string& out, double decimalDegrees);
 

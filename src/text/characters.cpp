@@ -1,6 +1,7 @@
 #include "text/characters.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tovak::text {
 namespace {
@@ -42,6 +43,22 @@ std::size_t characterCount(std::string_view text) {
   std::size_t count = 0;
   for (; !text.empty(); ++count) text.remove_prefix(firstCharacterLength(text));
   return count;
+}
+
+std::optional<char32_t> takeCharacter(std::string_view& text) {
+  constexpr std::array<unsigned, 5> kLeadBits = {0, 0x7F, 0x1F, 0x0F, 0x07};
+  constexpr std::array<char32_t, 5> kLeast = {0, 0, 0x80, 0x800, 0x10000};
+  const std::size_t length = firstCharacterLength(text);
+  char32_t character = byteAt(text, 0) & kLeadBits[length];
+  for (std::size_t i = 1; i < length; ++i) character = character << 6U | (byteAt(text, i) & 0x3FU);
+  const bool surrogate = character >= 0xD800 && character < 0xE000;
+  const bool alone = length == 1 && byteAt(text, 0) >= 0x80;
+  if (alone || surrogate || character < kLeast[length] || character > 0x10FFFF) {
+    text.remove_prefix(1);
+    return std::nullopt;
+  }
+  text.remove_prefix(length);
+  return character;
 }
 
 std::string_view firstCharacters(std::string_view text, std::size_t count) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,10 @@ namespace tovak::text {
 bool isUtf8(std::string_view text);
 
 std::size_t characterCount(std::string_view text);
+
+/// Takes the character off the head of a text that is not empty: its number in Unicode; nothing for a byte that belongs
+/// to none.
+std::optional<char32_t> takeCharacter(std::string_view& text);
 
 /// The first `count` characters of a text, or the whole of a shorter one.
 std::string_view firstCharacters(std::string_view text, std::size_t count);

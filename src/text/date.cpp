@@ -22,6 +22,14 @@ Date today() {
   return dayOf(std::time(nullptr));
 }
 
+void appendIsoDate(std::string& out, const Date& date) {
+  appendWhole(out, date.year);
+  out += '-';
+  appendTwoDigits(out, date.month);
+  out += '-';
+  appendTwoDigits(out, date.day);
+}
+
 void appendDate(std::string& out, const Date& date, char separator) {
   appendTwoDigits(out, date.month);
   out += separator;

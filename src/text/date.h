@@ -18,6 +18,9 @@ Date dayOf(std::time_t instant);
 /// The day it is where the program runs.
 Date today();
 
+/// Appends "yyyy-mm-dd", as ISO 8601 writes a day.
+void appendIsoDate(std::string& out, const Date& date);
+
 /// Appends month, day and year as "mm", "dd" and "yyyy" with `separator` between them.
 void appendDate(std::string& out, const Date& date, char separator);
 

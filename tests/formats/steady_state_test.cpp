@@ -15,6 +15,8 @@ struct Route {
 
 constexpr std::string_view kDelimited =
     "45 12 34.56789,-93.123456789,A description that outgrows any short string,,812.345,-27.123,0,a long rest\n";
+constexpr std::string_view kAwkward =
+    "45 12 34.56789,-93.123456789,A <description> & more \xC3\xA4\xFF 5%%d than short,,812.345\n";
 constexpr Route kRoutes[] = {
     {run::source::CommaDelimited, run::target::CommaDelimited, 0, 4, kDelimited},
     {run::source::CommaDelimited, run::target::CommaDelimited, 4, 0, kDelimited},
@@ -34,6 +36,10 @@ constexpr Route kRoutes[] = {
      "ZR:7\nST:12+34.57\nOF:3\n"},
     {run::source::CommaDelimited, run::target::DeLorme, 0, 0, kDelimited},
     {run::source::CommaDelimited, run::target::Maptech, 0, 0, kDelimited},
+    {run::source::CommaDelimited, run::target::Kml, 0, 0, kAwkward},
+    {run::source::CommaDelimited, run::target::GeoJson, 4, 0, kAwkward},
+    {run::source::CommaDelimited, run::target::LandXml, 0, 4, kAwkward},
+    {run::source::CommaDelimited, run::target::Dxf, 0, 4, kAwkward},
     {run::source::CoordsLogNumberInDescription, run::target::TrimbleWaypoints, 4, 4,
      "0001    A description that outgrows short strings\n"
      "  Y=                                          123456.123456789\n"

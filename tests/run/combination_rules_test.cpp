@@ -54,7 +54,8 @@ constexpr const char* kWords[] = {"Both",
                                   "Source file,same name",
                                   "report file",
                                   "Geodimeter,lat/long",
-                                  "NAD83 latitude"};
+                                  "NAD83 latitude",
+                                  "plane coordinates only"};
 
 /// The numbers of the rules, counted from 1, that have such a message; none for no message.
 std::string ruleOf(const Message* message) {
@@ -91,6 +92,10 @@ TEST(CombinationRules, RefuseInTheirOrder) {
       {{.to = T::GeodimeterControl, .toCode = 103}, "16"},
       {{.to = T::DeLorme, .toCode = 103}, "17"},
       {{.to = T::Maptech, .toCode = 4}, "17"},
+      {{.to = T::Kml, .toCode = 4}, "17"},
+      {{.to = T::GeoJson, .toCode = 103}, "17"},
+      {{.to = T::LandXml, .toCode = 0}, "18"},
+      {{.to = T::Dxf, .toCode = 103}, "18"},
       // Of two rules the first one speaks.
       {{.from = S::BlueBook, .code = 263, .toCode = 263}, "1"},
       {{.from = S::Vesko80Column, .code = 103, .toCode = 269}, "2"},

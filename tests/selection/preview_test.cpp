@@ -77,7 +77,7 @@ TEST(Preview, IsTheFileThatTheRunWrites) {
         }
         EXPECT_GT(preview.rows.size(), 0u) << what << preview.verdictText;
         EXPECT_TRUE(preview.complete) << what;
-        EXPECT_EQ(preview.targetText, format == target::ScreenOnly ? "" : tests::contentsOf(name)) << what;
+        EXPECT_EQ(preview.targetText, format == target::ScreenOnly ? "" : tests::contentsOf(result.targetName)) << what;
         EXPECT_EQ(row(preview.counts.converted, recordsSkipped(preview.counts), recordsPassedOver(preview.counts)),
                   row(result.counts.converted, recordsSkipped(result.counts), recordsPassedOver(result.counts)))
             << what;
@@ -94,6 +94,21 @@ TEST(Preview, IsTheFileThatTheRunWrites) {
         }
       }
     }
+  }
+}
+
+TEST(Preview, OfTheControlPointsIsTheSampleOfATarget) {
+  tests::Program program;
+  program.formats.report.today = [] { return text::Date{2026, 11, 21}; };
+  for (const auto& [format, name] :
+       {std::pair{target::Kml, "control.kml"}, std::pair{target::GeoJson, "control.geojson"},
+        std::pair{target::LandXml, "control.xml"}, std::pair{target::Dxf, "control.dxf"}}) {
+    Selections selections = program.reading(tests::samples()[1]);
+    chooseTarget(selections, program.formats, format, name);
+    if (format >= target::LandXml) selection::chooseUnit(selections, Side::Target, false);
+    EXPECT_EQ(
+        previewRun(selection::runSettings(selections, program.formats), *program.engine, program.formats).targetText,
+        tests::contentsOf(tests::samplePath(name)));
   }
 }
 
