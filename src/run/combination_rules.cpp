@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 #include "run/format_index.h"
 #include "run/labels.h"
@@ -59,6 +60,16 @@ const CombinationRule& reportCollision() {
   return kRule;
 }
 
+bool needsLatLongNad83(const Settings& s) {
+  constexpr std::int16_t kFormats[] = {target::DeLorme, target::Maptech, target::WayPointsPlus, target::Kml,
+                                       target::GeoJson};
+  return std::ranges::count(kFormats, s.targetFormat) != 0 && s.TargetProjectionCode != kLatLongNad83;
+}
+
+bool needsPlane(const Settings& s) {
+  return (targetIs(s, target::LandXml) || targetIs(s, target::Dxf)) && isLatLong(s.TargetProjectionCode);
+}
+
 const auto& rules() {
   static const auto kRules = std::to_array<CombinationRule>({
       {[](const Settings& s) {
@@ -111,16 +122,9 @@ const auto& rules() {
       {[](const Settings& s) { return targetIs(s, target::GeodimeterControl) && isLatLong(s.TargetProjectionCode); },
        {"Geodimeter Raw format not valid with NAD27 or NAD83 lat/long map projection", "Invalid target combination",
         Icon::Exclamation}},
-      {[](const Settings& s) {
-         const bool earth = targetIs(s, target::DeLorme) || targetIs(s, target::Maptech) ||
-                            targetIs(s, target::WayPointsPlus) || targetIs(s, target::Kml) ||
-                            targetIs(s, target::GeoJson);
-         return earth && s.TargetProjectionCode != kLatLongNad83;
-       },
+      {needsLatLongNad83,
        {"This format holds NAD83 latitude and longitude only.", "Invalid target combination", Icon::Exclamation}},
-      {[](const Settings& s) {
-         return (targetIs(s, target::LandXml) || targetIs(s, target::Dxf)) && isLatLong(s.TargetProjectionCode);
-       },
+      {needsPlane,
        {"This format holds plane coordinates only, not latitude and longitude.", "Invalid target combination",
         Icon::Exclamation}},
   });

@@ -30,7 +30,8 @@ struct Notation {
 
 constexpr Notation notationOf(std::string_view special, bool (*append)(std::string&, const Place&)) {
   Notation notation{.append = append};
-  for (std::size_t c = ' '; c < 0x7F; ++c) notation.plain[c] = special.find(static_cast<char>(c)) == special.npos;
+  for (std::size_t c = ' '; c < 0x7F; ++c)
+    notation.plain[c] = special.find(static_cast<char>(c)) == std::string_view::npos;
   return notation;
 }
 
