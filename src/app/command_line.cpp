@@ -156,6 +156,7 @@ run::RunSettings chosenSettings(const CommandItems& parsed, const FormatTables& 
     if (given->projection >= 0) pickProjection(selections, side, given->projection);
     chooseUnit(selections, side, given->metres.value_or(projectionBox(selections, side).metres));
   }
+  takeForcedUnit(selections, formats);
   selections.run.source.fileName = parsed.source.fileName;
   selections.run.target.fileName = parsed.target.fileName;
   selections.run.latLongFormChosen = parsed.settings.latLongFormChosen;

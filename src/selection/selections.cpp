@@ -72,13 +72,18 @@ FormatOutcome chooseTargetFormat(Selections& selections, const run::FormatTables
   settings.targetFormat = format;
   const run::TargetFormat& card = formats.targets[static_cast<std::size_t>(format)];
   if (card.forcesLatLong) pickProjection(selections, Side::Target, run::kLatLongNad83);
-  if (card.forcedUnit) chooseUnit(selections, Side::Target, *card.forcedUnit == run::LengthUnit::metres);
+  takeForcedUnit(selections, formats);
   if (card.partner) {
     settings.sourceFormat = card.partner->format;
     takeForcedForm(selections, formats.sources[static_cast<std::size_t>(settings.sourceFormat)]);
     chooseUnit(selections, Side::Target, card.partner->metres);
   }
   return {.askForFile = card.kind != TargetKind::Screen && settings.target.fileName.empty()};
+}
+
+void takeForcedUnit(Selections& selections, const run::FormatTables& formats) {
+  const run::TargetFormat& card = formats.targets[static_cast<std::size_t>(selections.run.targetFormat)];
+  if (card.forcedUnit) chooseUnit(selections, Side::Target, *card.forcedUnit == run::LengthUnit::metres);
 }
 
 void beginDatabase(Selections& selections, const run::FormatTables& formats) {
@@ -188,7 +193,6 @@ run::RunSettings runSettings(const Selections& selections, const run::FormatTabl
   const auto target = static_cast<std::size_t>(settings.targetFormat);
   if (formats.sources[source].kind == SourceKind::Keyboard) settings.source.fileName.clear();
   if (formats.targets[target].kind == TargetKind::Screen) settings.target.fileName.clear();
-  if (const auto unit = formats.targets[target].forcedUnit) settings.target.metres = *unit == run::LengthUnit::metres;
   return settings;
 }
 

@@ -47,6 +47,9 @@ bool isAgencyRun(const Selections& selections, const run::FormatTables& formats)
 FormatOutcome chooseSourceFormat(Selections& selections, const run::FormatTables& formats, std::int16_t format);
 FormatOutcome chooseTargetFormat(Selections& selections, const run::FormatTables& formats, std::int16_t format);
 
+/// Puts the target's unit right where its format fixes it, after a unit or projection was chosen by hand.
+void takeForcedUnit(Selections& selections, const run::FormatTables& formats);
+
 /// The geodetic database was chosen before its files are: `chooseDatabaseSource` goes on from there, or leaves it.
 void beginDatabase(Selections& selections, const run::FormatTables& formats);
 /// Falls back to the keyboard when there is no other source.

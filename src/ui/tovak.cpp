@@ -141,7 +141,7 @@ void frmTovak::editLayouts(formats::delimited::EditorPurpose purpose) {
 void frmTovak::typeProjection(const SideWidgets& side, const QString& text) {
   QString shown = toQString(selection::typeProjection(selections_, side.side, text.toStdString(), side.numberSelected));
   const bool metres = settingsOf(side.side).metres;
-  followProject();
+  followForcedUnits();
   if (settingsOf(side.side).metres != metres) shown = toQString(settingsOf(side.side).projectionText);
   if (shown != text) side.projection->setText(shown);
   const qsizetype mark = shown.indexOf('M', 0, Qt::CaseInsensitive);

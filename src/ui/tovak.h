@@ -93,7 +93,7 @@ class frmTovak : public QMainWindow {
   void refreshEnabled();
   void showSystem(const SideWidgets& side);
   QString projectionProblem(std::int16_t code, const QString& name);
-  void followProject();
+  void followForcedUnits();
 
   void chooseFormat(const SideWidgets& side, int index);
   bool keepFormatList(const SideWidgets& side, QEvent* event);

@@ -20,9 +20,10 @@ namespace tovak::ui {
 
 using selection::Side;
 
-/// The user-defined project has a unit of its own, which applies to every side that uses it. An agency batch run
-/// ignores the system boxes, and its unit is the person's choice.
-void frmTovak::followProject() {
+/// Some formats fix the unit of the target. The user-defined project has a unit of its own, which applies to every side
+/// that uses it. An agency batch run ignores the system boxes, and its unit is the person's choice.
+void frmTovak::followForcedUnits() {
+  selection::takeForcedUnit(selections_, start_.formatTables);
   if (selection::isAgencyRun(selections_, start_.formatTables)) return;
   for (const SideWidgets& side : sides_) {
     if (selection::projectionBox(selections_, side.side).code != run::kUserDefinedProject) continue;
@@ -32,7 +33,7 @@ void frmTovak::followProject() {
 }
 
 void frmTovak::refresh() {
-  followProject();
+  followForcedUnits();
   for (const SideWidgets& side : sides_) refreshSide(side);
   refreshOptions();
   refreshDatabase();

@@ -57,7 +57,7 @@ TEST_F(CommandLineTest, FillsTheSettings) {
   // The projection of a target format gives way to one that is named.
   const Row targets[] = {Row("-TF14 -TUE", "0"), Row("-TF13 -TUM", "0M"), Row("-TF7 -TUE", "0"),
                          // A projection that is named, wherever.
-                         Row("-TP3 -TF14 -TUE", "2"), Row("-TF14 -TUM -TP104", "103M")};
+                         Row("-TF17 -TUE", "0M"), Row("-TP3 -TF14 -TUE", "2"), Row("-TF14 -TUM -TP104", "103M")};
   for (const auto& [items, text] : targets) {
     EXPECT_EQ(only("-B -SF2 -SP1 -SUE " + std::string(items)).settings.target.projectionText, text) << items;
   }
