@@ -79,6 +79,7 @@ TEST_F(Jobs, WriteTheSameBytesAsExecute) {
   selection::nameFile(choices.back(), Side::Source, tests::samplePath("geodetics_special.txt"));
   selection::chooseSourceFormat(choices.back(), program.formats, run::source::GeodeticsSpecial);
 
+  program.formats.report.today = aDay;
   std::vector<Case> cases;
   std::string line;
   for (Selections& s : choices) {
@@ -90,8 +91,8 @@ TEST_F(Jobs, WriteTheSameBytesAsExecute) {
     tests::ScriptedPerson person;
     const run::RunResult result = convert(settings, *program.engine, program.formats, {.person = person});
     cases.push_back(
-        {job, s.run.target.fileName, contentsOf(s.run.target.fileName), result.outcome == run::RunOutcome::Stopped});
-    std::filesystem::remove(s.run.target.fileName);
+        {job, result.targetName, contentsOf(result.targetName), result.outcome == run::RunOutcome::Stopped});
+    std::filesystem::remove(result.targetName);
     line += job + ' ';
   }
   run(line + "-Q");
