@@ -18,7 +18,8 @@ namespace tovak::app {
 namespace {
 
 ExitStatus exitStatus(const run::RunResult& result) {
-  if (result.outcome == run::RunOutcome::Stopped) return kStoppedByMessage;
+  using enum run::RunOutcome;
+  if (result.outcome == Stopped || result.outcome == Cancelled) return kStoppedByMessage;
   const bool everything =
       result.outcome == run::RunOutcome::Finished && recordsSkipped(result.counts) == 0 && result.counts.converted > 0;
   if (!everything) return kNotEverythingConverted;

@@ -50,15 +50,16 @@ bool ConsolePerson::confirm(const run::Message& question) {
   return false;
 }
 
-void ConsolePerson::progress(std::uint64_t records) {
-  if (!showProgress_) return;
+bool ConsolePerson::progress(const run::Reached& reached) {
+  if (!showProgress_ || reached.records == 0) return true;
   const auto now = std::chrono::steady_clock::now();
-  if (progressShown_ && now - lastProgress_ < kProgressInterval) return;
+  if (progressShown_ && now - lastProgress_ < kProgressInterval) return true;
   lastProgress_ = now;
   progressShown_ = true;
   std::string line = kClearLine;
-  text::appendWhole(line, static_cast<std::int64_t>(records));
+  text::appendWhole(line, static_cast<std::int64_t>(reached.records));
   err_ << line << " records" << std::flush;
+  return true;
 }
 
 }  // namespace tovak::app

@@ -36,7 +36,7 @@ class ConsolePerson final : public run::Person, public run::Progress {
   bool confirm(const run::Message& question) override;
   bool leaveBatchMode() override;
   bool chooseTargetOptions(run::TargetOptions) override { return true; }
-  void progress(std::uint64_t records) override;
+  bool progress(const run::Reached& reached) override;
 
   /// Clears the progress line on the terminal.
   void endProgress();

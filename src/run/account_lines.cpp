@@ -72,13 +72,13 @@ std::string fatesLine(const RecordCounts& counts) {
 std::vector<std::string> accountLines(const RunResult& result) {
   const std::string standing = messages::targetStands(result.target, result.counts, result.targetName);
   std::vector<std::string> lines;
-  if (standing.empty()) {
-    lines = {fatesLine(result.counts)};
-  } else if (result.counts.converted == 0) {
-    lines = {fatesLine(result.counts), standing};
+  if (result.outcome == RunOutcome::Cancelled) lines.emplace_back("The run was stopped before its end");
+  if (standing.empty() || result.counts.converted == 0) {
+    lines.push_back(fatesLine(result.counts));
+    if (!standing.empty()) lines.push_back(standing);
   } else {
     // The converted points are not in the file, so a count of them would mislead.
-    lines = {recordsReadText(result.counts) + "; " + standing};
+    lines.push_back(recordsReadText(result.counts) + "; " + standing);
   }
   for (std::string& line : doubtLines(result.counts.doubts)) lines.push_back(std::move(line));
   return lines;

@@ -3,9 +3,11 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "run/account_lines.h"
 #include "run/combination_rules.h"
@@ -61,6 +63,8 @@ class ConversionRun {
   void settleResult();
   Message withAccount(Message message);
   bool convertPoint(PointRecord& point);
+  bool goesOn(std::uint64_t bytesRead);
+  void watchSource();
   bool skip(const PointRecord& point, const Refusal& refusal);
   bool endOfSource();
   bool stopKeepingPoints(const Message& message);
@@ -84,18 +88,39 @@ class ConversionRun {
   const SourceFormat& source_;
   const TargetFormat& target_;
   RunOutputs outputs_;
+  std::uint64_t sourceSize_ = 0;
+  bool cancelled_ = false;
 };
+
+/// 0 where it is not known.
+std::uint64_t sizeOf(const std::string& fileName) {
+  std::error_code unknown;
+  const bool ordinary = std::filesystem::is_regular_file(fileName, unknown);
+  const std::uintmax_t size = ordinary ? std::filesystem::file_size(fileName, unknown) : 0;
+  return unknown ? 0 : size;
+}
+
+std::uint64_t sourceSize(const RunSettings& settings, const SourceFormat& source) {
+  const std::vector<std::string>& sheets = settings.options.geodeticCsv.sheets;
+  if (!source.fromDatabase || sheets.empty()) return sizeOf(settings.source.fileName);
+  std::uint64_t size = 0;
+  for (const std::string& sheet : sheets) size += sizeOf(sheet);
+  return size;
+}
 
 RunResult ConversionRun::execute() {
   // The formats chosen in the editor are restored after a run that used built-in ones instead.
   const DelimitedFormat chosenSource = settings_.sourceDelimited;
   const DelimitedFormat chosenTarget = settings_.targetDelimited;
+  const std::int32_t nextNumber = settings_.NextPointNumber;
   result_.outcome = RunOutcome::Finished;
+  if (audience_.keptLines != 0) keepLines(result_.counts, audience_.keptLines);
   engine_.wantResultTexts(outputs_.showsPoints() || target_.wantsSourceInfo);
   const bool agencyRun = source_.kind == SourceKind::AgencyRun;
   const bool finished =
       checkFileNames() && (agencyRun ? mayReplaceTarget() && exportFile() : prepare() && convertPoints() && finish());
-  if (!finished) result_.outcome = RunOutcome::Stopped;
+  if (!finished) result_.outcome = cancelled_ ? RunOutcome::Cancelled : RunOutcome::Stopped;
+  if (cancelled_) settings_.NextPointNumber = nextNumber;
   settleResult();
   settings_.sourceDelimited = chosenSource;
   settings_.targetDelimited = chosenTarget;
@@ -104,8 +129,26 @@ RunResult ConversionRun::execute() {
 
 void ConversionRun::settleResult() {
   corridor_.settleDoubts();
-  result_.target = outputs_.targetState();
+  if (source_.kind != SourceKind::AgencyRun) result_.target = outputs_.targetState();
   result_.targetName = settings_.target.fileName;
+  if (outputs_.reportWritten()) {
+    result_.reportName = settings_.reportFileName;
+    result_.reportStart = outputs_.reportStart();
+  }
+}
+
+/// False when the person has stopped the run.
+bool ConversionRun::goesOn(std::uint64_t bytesRead) {
+  cancelled_ =
+      !audience_.progress->progress({.records = recordsRead(result_.counts), .bytes = bytesRead, .size = sourceSize_});
+  clearUpperVectorHalves();
+  return !cancelled_;
+}
+
+void ConversionRun::watchSource() {
+  if (audience_.progress == nullptr || source_.kind == SourceKind::Keyboard) return;
+  sourceSize_ = sourceSize(settings_, source_);
+  corridor_.lines().watch([this](std::uint64_t bytesRead) { return goesOn(bytesRead); });
 }
 
 bool ConversionRun::prepare() {
@@ -114,8 +157,9 @@ bool ConversionRun::prepare() {
   if (!allows(corridor_.checkProjections()) || !confirmWarnings()) return false;
   const std::optional<Message> projectProblem = corridor_.takeProjectionTexts();
   if (projectProblem && projectProblem->text.empty()) return false;
-  return allows(projectProblem) && completeTargetName() && allows(corridor_.openSource(audience_.typedPoints)) &&
-         openOutputs();
+  if (!allows(projectProblem) || !completeTargetName()) return false;
+  watchSource();
+  return allows(corridor_.openSource(audience_.typedPoints)) && openOutputs();
 }
 
 void ConversionRun::report(const Message& message) {
@@ -126,6 +170,7 @@ void ConversionRun::report(const Message& message) {
 
 /// Stops the run; a message without a detail is given one that says what happens to a target already begun.
 bool ConversionRun::stop(const Message& message) {
+  if (cancelled_) return false;
   Message complete = message;
   if (complete.detail.empty()) complete.detail = targetStands();
   report(recordsRead(result_.counts) == 0 ? complete : withAccount(std::move(complete)));
@@ -143,28 +188,26 @@ bool ConversionRun::checkFileNames() {
 /// Agency exports drive the engine themselves, and the combination rules do not apply to them.
 bool ConversionRun::exportFile() {
   Message message;
-  const ExportContext context = {
-      .settings = settings_,
-      .engine = engine_,
-      .counts = result_.counts,
-      .message = message,
-      .targetIsPartner = source_.partner && source_.partner->format == settings_.targetFormat,
-      .progress = audience_.progress};
+  sourceSize_ = sourceSize(settings_, source_);
+  ExportContext context = {.settings = settings_,
+                           .engine = engine_,
+                           .counts = result_.counts,
+                           .message = message,
+                           .targetIsPartner = source_.partner && source_.partner->format == settings_.targetFormat,
+                           .target = result_.target};
+  if (audience_.progress != nullptr) context.watch = [this](std::uint64_t bytesRead) { return goesOn(bytesRead); };
   if (!source_.exportFile(context)) return stop(message);
   if (interactive()) person_.show(withAccount(std::move(message)));
   return true;
 }
 
-/// The last message to the person, with the account as smaller text unless everything simply went well.
+/// The last message to the person, with the account as smaller text.
 Message ConversionRun::withAccount(Message message) {
   settleResult();
-  const RecordCounts& counts = result_.counts;
-  const bool inDoubt = anyDoubt(counts.doubts);
-  if (inDoubt) message.icon = Icon::Exclamation;
-  if (!inDoubt && recordsSkipped(counts) == 0 && counts.converted > 0) return message;
+  if (anyDoubt(result_.counts.doubts)) message.icon = Icon::Exclamation;
   const std::string told = message.detail;
   for (const std::string& line : accountLines(result_)) {
-    const bool isTold = line == message.text || (!told.empty() && line.ends_with(told));
+    const bool isTold = line == message.text || (!told.empty() && (line.ends_with(told) || told.ends_with(line)));
     if (!isTold) message.detail += (message.detail.empty() ? "" : "\n") + line;
   }
   return message;
@@ -208,8 +251,10 @@ bool ConversionRun::openOutputs() {
 bool ConversionRun::convertPoints() {
   PointRecord point;
   clearUpperVectorHalves();
-  for (std::uint64_t turn = 1;; ++turn) {
-    switch (corridor_.read(point)) {
+  for (;;) {
+    const ReadState state = corridor_.read(point);
+    if (cancelled_) return false;
+    switch (state) {
       case ReadState::Point:
         if (!convertPoint(point)) return false;
         break;
@@ -225,10 +270,6 @@ bool ConversionRun::convertPoints() {
       case ReadState::Stopped:
         return stopKeepingPoints(corridor_.readerMessage());
     }
-    if (turn % kProgressStep == 0 && audience_.progress != nullptr) {
-      audience_.progress->progress(recordsRead(result_.counts));
-      clearUpperVectorHalves();
-    }
   }
 }
 
@@ -238,6 +279,7 @@ bool ConversionRun::endOfSource() {
   switch (lines.fault()) {
     case text::LineReader::Fault::None:
       return true;
+    case text::LineReader::Fault::Stopped:
     case text::LineReader::Fault::System:
       return stop(systemMessage(lines.error()));
     case text::LineReader::Fault::LineTooLong:
@@ -255,16 +297,17 @@ bool ConversionRun::convertPoint(PointRecord& point) {
   if (const Refusal refusal = corridor_.convert(point)) return skip(point, refusal);
   if (!outputs_.write(point)) return stopForOutputs();
   corridor_.countConverted(point);
+  if (audience_.sample != nullptr) audience_.sample->add(point, corridor_.doubts(), false);
   return true;
 }
 
 bool ConversionRun::skip(const PointRecord& point, const Refusal& refusal) {
   corridor_.countRefused(point, refusal);
   if (!outputs_.writeRefused(point, refusal.reason)) return stopForOutputs();
-  if (interactive()) {
-    person_.show(messages::pointRefused(refusal.reason, corridor_.lines().fileName(), point.sourceLine));
-  }
-  return true;
+  if (audience_.sample != nullptr) audience_.sample->add(point, corridor_.doubts(), true);
+  if (!interactive()) return true;
+  person_.show(messages::pointRefused(refusal.reason, corridor_.lines().fileName(), point, settings_));
+  return audience_.progress == nullptr || goesOn(corridor_.lines().bytesRead());
 }
 
 bool ConversionRun::finish() {

@@ -1,6 +1,7 @@
 /// The conversion run: from the selections of a run to a converted file.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "run/conversion_engine.h"
@@ -16,6 +17,7 @@ enum class RunOutcome {
   Finished,
   EndedEarly,  ///< finished, but the source ended with a message before its end
   Stopped,     ///< by a message, an answer, or silently
+  Cancelled,   ///< by the person while it was under way
 };
 
 struct RunResult {
@@ -25,6 +27,8 @@ struct RunResult {
   RecordCounts counts;
   TargetState target = TargetState::NotOpened;
   std::string targetName;
+  std::string reportName;         ///< empty when no report was written
+  std::uint64_t reportStart = 0;  ///< where in its file the report of this run begins
 };
 
 /// Converts every point of the source file (or the keyboard) into the target file (or the screen).
@@ -37,7 +41,7 @@ struct RunResult {
 /// The target file and the report appear when the run has finished, or when a message stopped it part way: then they
 /// hold the points so far. If the operating system fails on one of them, both stay as they were, unless the failure
 /// comes at the very end, while the report is appended to an older one. An older target is kept when no point was
-/// converted.
+/// converted. A run that the person cancels leaves target, report and default numbering as they were.
 RunResult convert(RunSettings& settings, ConversionEngine& engine, const FormatTables& formats,
                   const Audience& audience);
 

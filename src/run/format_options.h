@@ -19,11 +19,15 @@ struct GeodeticCsvChoice {
   bool zonesOffered = false;
   /// What follows the county's name in the county zone; empty where no zone was chosen.
   std::string zoneSuffix;
+
+  bool operator==(const GeodeticCsvChoice&) const = default;
 };
 
 struct WaypointOptions {
   /// The field preferred as the name of a waypoint: "ST", "PD" or "PN".
   std::string name = "PN";
+
+  bool operator==(const WaypointOptions&) const = default;
 };
 
 struct MaptechOptions {
@@ -31,10 +35,14 @@ struct MaptechOptions {
   std::string color = "ff";
   /// The number of a label's symbol.
   std::int32_t symbol = 17;
+
+  bool operator==(const MaptechOptions&) const = default;
 };
 
 struct DelormeOptions {
   std::string symbol = "CIRCLE";
+
+  bool operator==(const DelormeOptions&) const = default;
 };
 
 struct FormatOptions {
@@ -42,6 +50,8 @@ struct FormatOptions {
   WaypointOptions waypoints;
   MaptechOptions maptech;
   DelormeOptions delorme;
+
+  bool operator==(const FormatOptions&) const = default;
 };
 
 }  // namespace tovak::run

@@ -15,6 +15,7 @@
 #include "run/record_counts.h"
 #include "run/report_heading.h"
 #include "run/run_settings.h"
+#include "run/target_state.h"
 #include "run/usual_areas.h"
 #include "text/date.h"
 #include "text/line_reader.h"
@@ -90,9 +91,10 @@ struct ExportContext {
   const RunSettings& settings;
   ConversionEngine& engine;
   RecordCounts& counts;
-  Message& message;              ///< receives the final message, good or bad
-  bool targetIsPartner = false;  ///< the target format is the one that goes with the export
-  Progress* progress = nullptr;  ///< messages are the run's
+  Message& message;                         ///< receives the final message, good or bad
+  bool targetIsPartner = false;             ///< the target format is the one that goes with the export
+  TargetState& target;                      ///< receives what the target's name refers to at the end
+  text::LineReader::Watch watch = nullptr;  ///< of the source
 };
 
 enum class SourceKind { Keyboard, File, AgencyRun };

@@ -19,6 +19,8 @@ struct Message {
   std::string detail = {};
   /// A message about a single point. There may be one for every point of a file, so they can be switched off.
   bool ofOnePoint = false;
+  /// The person may stop the run from here.
+  bool mayStop = false;
 
   bool operator==(const Message&) const = default;
 };

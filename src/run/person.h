@@ -2,18 +2,17 @@
 /// window all of them, the tests a script of answers.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "run/message.h"
 #include "run/point_record.h"
+#include "run/point_sample.h"
 #include "run/report_heading.h"
 #include "run/run_settings.h"
 
 namespace tovak::run {
-
-/// How many records pass between two reports of progress.
-inline constexpr std::uint64_t kProgressStep = 4096;
 
 /// The options dialogs that some targets show before their file is opened.
 enum class TargetOptions { None, DeLorme, Maptech, TrimbleWaypoints };
@@ -66,6 +65,13 @@ class Screen {
   virtual void printReport(const ReportHeading& heading, std::uint64_t start) = 0;
 };
 
+/// How far a run has come.
+struct Reached {
+  std::uint64_t records = 0;
+  std::uint64_t bytes = 0;  ///< of the source
+  std::uint64_t size = 0;   ///< of the source; 0 where it is not known, as in a pipe
+};
+
 class Progress {
  public:
   Progress() = default;
@@ -73,16 +79,20 @@ class Progress {
   Progress& operator=(const Progress&) = delete;
   virtual ~Progress() = default;
 
-  /// Called from time to time with the number of records read so far.
-  virtual void progress(std::uint64_t records) = 0;
+  /// Called for every block of the source, some thousand times a second, and after each message about a single point.
+  /// False stops the run: nothing of it is kept.
+  virtual bool progress(const Reached& reached) = 0;
 };
 
-/// Everything a run can talk to. A null pointer means that there is none: no typed points, no screen, no progress.
+/// Everything a run can talk to. A null pointer means that there is none: no typed points, no screen, no progress, no
+/// sample.
 struct Audience {
   Person& person;
   TypedPoints* typedPoints = nullptr;
   Screen* screen = nullptr;
   Progress* progress = nullptr;
+  PointSample* sample = nullptr;  ///< takes the points for a plan
+  std::size_t keptLines = 0;      ///< how many lines each tally of the account keeps
 };
 
 }  // namespace tovak::run

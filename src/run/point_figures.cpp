@@ -36,6 +36,16 @@ void makeSourceCoordinates(std::string& northing, std::string& easting, const Po
   text::formatPrecision(easting, point.packedAngles->longitude, text::Accuracy::Hundredth);
 }
 
+std::pair<std::string, std::string> sourceCoordinates(const RunSettings& settings, const PointRecord& point) {
+  std::pair<std::string, std::string> texts;
+  if (!point.refusal.empty() && !point.packedAngles) return texts;
+  RunSettings exact;
+  exact.latLongForm = settings.latLongForm;
+  exact.SourceProjectionCode = settings.SourceProjectionCode;
+  makeSourceCoordinates(texts.first, texts.second, point, exact);
+  return texts;
+}
+
 void screenFigures(const RunSettings& settings, const PointRecord& point, PointFigures& figures) {
   const bool angles = isLatLong(settings.TargetProjectionCode);
   makeCoordinate(figures.northing, point.OutNorthLat, angles, settings);

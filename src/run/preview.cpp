@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 #include "run/corridor.h"
 #include "run/preview_verdict.h"
-#include "run/projection_box.h"
-#include "run/projection_code.h"
 #include "run/run_messages.h"
 #include "run/run_outputs.h"
 #include "text/file_identity.h"
@@ -164,11 +163,7 @@ void PreviewRun::takeSourceTexts(PreviewRow& row, const PointRecord& point) cons
   row.file = corridor_.recordFile();
   row.number = point.pointNumber;
   row.description = text::trimBlanks(point.description);
-  if (!point.refusal.empty() && !point.packedAngles) return;
-  RunSettings exact;
-  exact.latLongForm = settings_.latLongForm;
-  exact.SourceProjectionCode = settings_.SourceProjectionCode;
-  makeSourceCoordinates(row.northing, row.easting, point, exact);
+  std::tie(row.northing, row.easting) = sourceCoordinates(settings_, point);
 }
 
 void PreviewRun::takeTargetTexts(PreviewRow& row, const PointRecord& point) const {
@@ -191,22 +186,10 @@ void PreviewRun::tellDoubts() {
   }
 }
 
-/// The engine prepares a pair of systems at its first use, so this is a separate pass.
 void PreviewRun::findPlaces() {
-  const std::int16_t code = settings_.SourceProjectionCode;
-  // A project's datum is not known here; the difference between the two datums is too small to be seen.
-  const bool nad27 = isNad27(code) && code != kUserDefinedProject;
-  const std::string system = projectionText(nad27 ? kLatLongNad27 : kLatLongNad83, false);
-  std::string info;
+  PlaceFinder finder(engine_, settings_);
   for (PreviewRow& row : preview_.rows) {
-    if (!row.position) continue;
-    SourcePosition point = *row.position;
-    Place place = {.latitude = point.northing, .longitude = point.easting};
-    double elevation = 0.0;
-    if (isLatLong(code) || engine_.TovakVert(point.northing, point.easting, elevation, settings_.source.projectionText,
-                                             place.latitude, place.longitude, elevation, system, info) < 1) {
-      row.place = place;
-    }
+    if (row.position) row.place = finder.placeOf(row.position->northing, row.position->easting);
   }
 }
 

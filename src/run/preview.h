@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "run/conversion_engine.h"
+#include "run/fate.h"
 #include "run/formats.h"
+#include "run/place.h"
 #include "run/run_settings.h"
 
 namespace tovak::run {
@@ -17,17 +19,6 @@ namespace tovak::run {
 struct PreviewLimits {
   std::size_t records = 200;
   std::size_t bytes = std::size_t{256} << 10;
-};
-
-enum class Fate { Converted, Doubtful, Refused };
-
-/// "Converted", "Doubtful" or "Refused".
-std::string_view fateName(Fate fate);
-
-/// Decimal degrees, west negative.
-struct Place {
-  double latitude = 0.0;
-  double longitude = 0.0;
 };
 
 /// The coordinates a source gives for a point: northing and easting in its unit, or latitude and longitude in decimal

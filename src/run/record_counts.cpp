@@ -2,6 +2,15 @@
 
 namespace tovak::run {
 
+void keepLines(RecordCounts& counts, std::size_t most) {
+  for (Tally* const tally :
+       {&counts.refusedByEngine, &counts.refusedAngle, &counts.refusedCounty, &counts.withoutDelimiter,
+        &counts.zeroCoordinate, &counts.comment, &counts.noPoint, &counts.otherZone}) {
+    tally->keeps = most;
+  }
+  for (DoubtTally& tally : counts.doubts) tally.keeps = most;
+}
+
 std::uint64_t recordsRead(const RecordCounts& counts) {
   return counts.converted + recordsSkipped(counts) + recordsPassedOver(counts);
 }
@@ -23,6 +32,7 @@ void countSkipped(RecordCounts& counts, Tally& tally, std::uint64_t line, const 
     counts.firstSkipReason = reason;
   }
   addTo(tally, line, file);
+  if (tally.lines.size() == tally.count) tally.lines.back().reason = reason;
 }
 
 }  // namespace tovak::run

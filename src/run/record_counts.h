@@ -1,6 +1,7 @@
 /// The account of a run: what became of every record of the source.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -28,6 +29,9 @@ struct RecordCounts {
 
   Doubts doubts;  ///< about points whose fate is counted above
 };
+
+/// From now on each tally keeps its first lines, at most that many.
+void keepLines(RecordCounts& counts, std::size_t most);
 
 /// Converted, skipped and passed over together.
 std::uint64_t recordsRead(const RecordCounts& counts);

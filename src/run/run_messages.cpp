@@ -1,5 +1,7 @@
 #include "run/run_messages.h"
 
+#include "run/point_figures.h"
+#include "run/projection_code.h"
 #include "text/number.h"
 
 namespace tovak::run {
@@ -110,9 +112,17 @@ Message replaceTarget(const std::string& fileName) {
   return {fileName + "\nexists already. Do you want to replace it?", "Replace File?", Icon::Question, "txtTargetFile"};
 }
 
-Message pointRefused(const std::string& reason, const std::string& fileName, std::uint64_t line) {
+Message pointRefused(const std::string& reason, const std::string& fileName, const PointRecord& point,
+                     const RunSettings& settings) {
   Message message = {.text = reason, .title = "TovakX Conversion Error", .icon = Icon::None, .ofOnePoint = true};
-  if (!fileName.empty()) message.detail = lineOfFile(line, fileName);
+  if (fileName.empty()) return message;
+  message.mayStop = true;
+  message.detail = lineOfFile(point.sourceLine, fileName);
+  const auto [northing, easting] = sourceCoordinates(settings, point);
+  if (northing.empty() && easting.empty()) return message;
+  const bool angles = isLatLong(settings.SourceProjectionCode);
+  message.detail += angles ? "\nLatitude " : "\nNorthing ";
+  message.detail += northing + (angles ? ", longitude " : ", easting ") + easting;
   return message;
 }
 

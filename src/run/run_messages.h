@@ -7,7 +7,9 @@
 #include <string_view>
 
 #include "run/message.h"
+#include "run/point_record.h"
 #include "run/record_counts.h"
+#include "run/run_settings.h"
 #include "run/target_state.h"
 
 namespace tovak::run {
@@ -47,7 +49,9 @@ std::string targetStands(TargetState state, const RecordCounts& counts, const st
 /// Where in a file something is: "line 7 of points.csv".
 std::string lineOfFile(std::uint64_t line, const std::string& fileName);
 
-/// The engine's reason for refusing a point, with the point's line and file; a typed point has no file.
-Message pointRefused(const std::string& reason, const std::string& fileName, std::uint64_t line);
+/// The reason for refusing a point, with the point's line and file, where the run may be stopped, and its coordinates
+/// as they were read; a typed point has no file.
+Message pointRefused(const std::string& reason, const std::string& fileName, const PointRecord& point,
+                     const RunSettings& settings);
 
 }  // namespace tovak::run::messages

@@ -107,7 +107,9 @@ bool RunOutputs::finish(bool complete) {
   if (reportWriter_ != nullptr && !(reportWriter_->end() && reportLines_.finish())) return false;
   // A report describes its target, so it must not exist without it.
   if (targetWriter_ != nullptr && !nameTarget()) return false;
-  return reportWriter_ == nullptr || reportLines_.commit();
+  if (reportWriter_ == nullptr) return true;
+  reportWritten_ = reportLines_.commit();
+  return reportWritten_;
 }
 
 bool RunOutputs::nameTarget() {

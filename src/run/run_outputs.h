@@ -48,6 +48,7 @@ class RunOutputs {
   /// The report's head, and where in its file the report of this run begins.
   const ReportHeading& heading() const { return heading_; }
   std::uint64_t reportStart() const { return reportLines_.target().start(); }
+  bool reportWritten() const { return reportWritten_; }
   TargetState targetState() const;
   const std::string& error() const {
     return targetLines_.error().empty() ? reportLines_.error() : targetLines_.error();
@@ -76,6 +77,7 @@ class RunOutputs {
   std::unique_ptr<PointWriter> reportWriter_;
   bool anyPoint_ = false;
   bool targetNamed_ = false;
+  bool reportWritten_ = false;
   int gridRows_ = -1;
 };
 

@@ -25,6 +25,8 @@ struct SideSettings {
   std::string projectionText;  ///< what the engine receives
   std::string displayName;     ///< of a user-defined project, else empty
   bool metres = false;         ///< else U.S. survey feet
+
+  bool operator==(const SideSettings&) const = default;
 };
 
 inline LengthUnit unitOf(const SideSettings& side) {
@@ -71,6 +73,8 @@ struct RunSettings {
   /// 0 interactive; 1 from the command line, falling back to the window on a problem; 2 from the command line, stopping
   /// on a problem.
   std::int16_t BatchMode = 0;
+
+  bool operator==(const RunSettings&) const = default;
 };
 
 }  // namespace tovak::run

@@ -50,6 +50,7 @@ bool LineReader::open(const std::string& fileName, std::uint64_t start) {
   version_.reset();
   fileName_ = fileName;
   start_ = start;
+  bytesBefore_ += bytesRead_;
   startOver();
   const int flags = O_RDONLY | O_CLOEXEC | (limit_ != 0 ? O_NONBLOCK : 0);
   do file_ = systemCalls.open(fileName.c_str(), flags, 0);
@@ -98,6 +99,7 @@ std::size_t LineReader::find(char c, std::size_t from) const {
 /// Reads one more block after the held text, which has no line end; false at the end of the file and on a fault.
 bool LineReader::fill() {
   if (atEnd_ || file_ < 0) return false;
+  if (watch_ && !watch_(bytesRead())) return fail(Fault::Stopped, fileName_ + " was not read to its end");
   if (begin_ > 0) {
     std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
     end_ -= begin_;

@@ -3,9 +3,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "text/file_identity.h"
@@ -21,7 +23,11 @@ class LineReader {
     None,
     System,       ///< the operating system failed to open or read the file
     LineTooLong,  ///< a line beyond `kMaxLineLength`
+    Stopped,      ///< the watch wanted no more
   };
+
+  /// Told how many bytes have been read, those of files opened before included; false to read no more.
+  using Watch = std::function<bool(std::uint64_t bytes)>;
 
   LineReader() = default;
   LineReader(const LineReader&) = delete;
@@ -48,6 +54,10 @@ class LineReader {
   /// From the next opening on no more than the first `bytes` of a file are read, and a line that they cut off is not
   /// given out. Nothing is waited for either, such as the other end of a pipe.
   void limit(std::size_t bytes) { limit_ = bytes; }
+  /// Asked before each block of a file is read. When it says false, the lines end with the fault `Stopped`.
+  void watch(Watch goesOn) { watch_ = std::move(goesOn); }
+  /// What the watch is told.
+  std::uint64_t bytesRead() const { return bytesBefore_ + bytesRead_; }
   /// Whether the limit, and not the file, has ended the lines.
   bool limitReached() const { return limitReached_; }
 
@@ -77,6 +87,8 @@ class LineReader {
   std::uint64_t start_ = 0;
   std::size_t limit_ = 0;  ///< 0 for none
   std::size_t bytesRead_ = 0;
+  std::uint64_t bytesBefore_ = 0;  ///< of the files opened before
+  Watch watch_;
   bool limitReached_ = false;
   std::vector<char> buffer_;
   std::size_t begin_ = 0;  ///< first byte not yet given out

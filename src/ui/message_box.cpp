@@ -5,6 +5,7 @@
 #include <QCursor>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScreen>
 #include <algorithm>
 #include <array>
@@ -62,11 +63,15 @@ int execQuestion(QWidget* parent, const run::Message& question, QMessageBox::Sta
 
 }  // namespace
 
-bool showMessage(QWidget* parent, const run::Message& message) {
+Acknowledgement showMessage(QWidget* parent, const run::Message& message) {
   const ArrowCursor arrow;
   QMessageBox box(parent);
   fill(box, message);
   box.setStandardButtons(QMessageBox::Ok);
+  box.setDefaultButton(QMessageBox::Ok);
+  box.setEscapeButton(QMessageBox::Ok);
+  const QPushButton* const stop =
+      message.mayStop ? box.addButton(QMessageBox::tr("Stop"), QMessageBox::DestructiveRole) : nullptr;
   auto* const enough = new QCheckBox(QMessageBox::tr("Do not show further conversion errors in this run"), &box);
   enough->setToolTip(QMessageBox::tr("Points that cannot be converted are then only counted"));
   enough->setVisible(message.ofOnePoint);
@@ -75,7 +80,8 @@ bool showMessage(QWidget* parent, const run::Message& message) {
   const QString focus = toQString(message.focus);
   QWidget* const control = parent == nullptr || focus.isEmpty() ? nullptr : parent->findChild<QWidget*>(focus);
   if (control != nullptr) control->setFocus();
-  return enough->isChecked();
+  if (stop != nullptr && box.clickedButton() == stop) return Acknowledgement::Stop;
+  return enough->isChecked() ? Acknowledgement::NoMoreOfThem : Acknowledgement::Plain;
 }
 
 bool askQuestion(QWidget* parent, const run::Message& question) {

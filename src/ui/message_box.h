@@ -7,9 +7,14 @@
 
 namespace tovak::ui {
 
-/// Shows a message until it is acknowledged, then moves the focus to the control it names. True when the person wants
-/// no more messages about single points.
-bool showMessage(QWidget* parent, const run::Message& message);
+enum class Acknowledgement {
+  Plain,
+  NoMoreOfThem,  ///< no further messages about single points
+  Stop,          ///< the run
+};
+
+/// Shows a message until it is acknowledged, then moves the focus to the control it names.
+Acknowledgement showMessage(QWidget* parent, const run::Message& message);
 
 /// Asks a question; true for yes.
 bool askQuestion(QWidget* parent, const run::Message& question);

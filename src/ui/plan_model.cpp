@@ -137,6 +137,18 @@ void say(PlanHeading& heading, int points, int all, const char* where, const Rol
 
 }  // namespace
 
+PlanState stateOf(run::Fate fate) {
+  switch (fate) {
+    case run::Fate::Converted:
+      return PlanState::converted;
+    case run::Fate::Doubtful:
+      return PlanState::doubtful;
+    case run::Fate::Refused:
+      break;
+  }
+  return PlanState::refused;
+}
+
 std::vector<PlanArea> planAreas(const run::UsualAreas& areas, run::ConversionEngine& engine, std::int16_t source,
                                 std::int16_t target, const PlanBox& areaServed) {
   std::vector<PlanArea> plan = {{PlanAreaKind::areaServed, "the area served", "Area served", areaServed}};

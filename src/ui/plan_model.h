@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "run/conversion_engine.h"
+#include "run/fate.h"
 #include "run/usual_areas.h"
 #include "ui/plan_projection.h"
 
@@ -16,6 +17,8 @@ namespace tovak::ui {
 /// In the order of painting: later ones cover earlier ones.
 enum class PlanState : std::uint8_t { converted, other, doubtful, refused };
 inline constexpr int kPlanStates = 4;
+
+PlanState stateOf(run::Fate fate);
 
 struct PlanPoint {
   PlanPlace place;

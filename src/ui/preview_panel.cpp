@@ -5,16 +5,13 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSplitter>
-#include <QStyle>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTextBlock>
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "ui/qt_text.h"
@@ -22,6 +19,7 @@
 namespace tovak::ui {
 namespace {
 
+constexpr int kResultTab = 2;
 constexpr int kSuggestionsInARow = 3;
 constexpr int kSuggestionWidth = 270;  ///< of a text, in pixels; a longer one can be read in its tool tip
 constexpr int kColumnGap = 8;
@@ -29,38 +27,14 @@ constexpr int kWidestColumn = 260;
 constexpr int kRowGap = 6;
 constexpr int kLowestTab = 90;  ///< in pixels: what is left on a small screen
 
-struct VerdictSign {
-  QStyle::StandardPixmap picture;
-  const char* word;
-};
-
-VerdictSign signOf(run::Verdict verdict) {
-  constexpr std::array<VerdictSign, 4> kSigns = {{{QStyle::SP_MessageBoxInformation, "No preview"},
-                                                  {QStyle::SP_DialogApplyButton, "Good"},
-                                                  {QStyle::SP_MessageBoxWarning, "Doubtful"},
-                                                  {QStyle::SP_MessageBoxCritical, "Not good"}}};
-  return kSigns[static_cast<std::size_t>(verdict)];
-}
-
-/// A line of text that can be read with the keyboard and copied, and never makes the window wider.
-QLineEdit* makeTextLine(QWidget* parent) {
-  auto* const line = new QLineEdit(parent);
-  line->setReadOnly(true);
-  line->setFrame(false);
-  line->setStyleSheet("QLineEdit { background: transparent; }");
-  QFont font = line->font();
-  font.setBold(true);
-  line->setFont(font);
-  return line;
-}
-
 }  // namespace
 
 PreviewPanel::PreviewPanel(QWidget* parent) : QWidget(parent) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(4);
-  layout->addWidget(makeVerdict());
+  verdict_ = new VerdictLine("verdict", tr("What would become of the points"), this);
+  layout->addWidget(verdict_);
   suggestions_ = new QWidget(this);
   suggestionGrid_ = new QGridLayout(suggestions_);
   suggestionGrid_->setContentsMargins(0, 0, 0, 0);
@@ -70,13 +44,17 @@ PreviewPanel::PreviewPanel(QWidget* parent) : QWidget(parent) {
   layout->addWidget(suggestions_);
   tabs_ = new QTabWidget(this);
   tabs_->setObjectName("previewTabs");
-  tabs_->setToolTip(tr("What the run would make of the file, as a table and as a plan"));
+  tabs_->setToolTip(
+      tr("What a run would make of the file, as a table and as a plan, and what the last one made of it"));
   tabs_->addTab(makePreview(), tr("Preview"));
   plan_ = new PlanWidget;
   plan_->setObjectName("plan");
   plan_->setToolTip(tr("The points where they lie; wheel, + and - zoom, dragging moves, Home shows all points"));
   plan_->setMinimumHeight(kLowestTab);
   tabs_->addTab(plan_, tr("Plan"));
+  result_ = new ResultPanel;
+  tabs_->addTab(result_, tr("Result"));
+  tabs_->setTabEnabled(kResultTab, false);
   layout->addWidget(tabs_, 1);
 
   tabs_->setCornerWidget(makeCorner());
@@ -111,19 +89,6 @@ QWidget* PreviewPanel::makeCorner() {
 void PreviewPanel::bringOut(const QWidget& control) {
   const auto holds = [&control](const QWidget* group) { return group->isAncestorOf(&control); };
   if (std::ranges::any_of(folded_, holds)) showGroups_->setChecked(true);
-}
-
-QWidget* PreviewPanel::makeVerdict() {
-  auto* const line = new QWidget(this);
-  auto* const layout = new QHBoxLayout(line);
-  layout->setContentsMargins(0, 0, 0, 0);
-  sign_ = new QLabel(line);
-  verdict_ = makeTextLine(line);
-  verdict_->setObjectName("verdict");
-  verdict_->setToolTip(tr("What would become of the points"));
-  layout->addWidget(sign_);
-  layout->addWidget(verdict_, 1);
-  return line;
 }
 
 QWidget* PreviewPanel::makePreview() {
@@ -162,10 +127,41 @@ QWidget* PreviewPanel::makePreview() {
 
 void PreviewPanel::connectRows() {
   connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& current) {
-    plan_->selectRow(current.row());
+    selectOnPlan(current.row());
     showTargetOf(current.row());
   });
-  connect(plan_, &PlanWidget::pointSelected, table_, &QTableView::selectRow);
+  connect(plan_, &PlanWidget::pointSelected, this, &PreviewPanel::selectInTable);
+  connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
+    if (tab != kResultTab) tabBefore_ = tab;
+    // They tell of the next run.
+    verdict_->setVisible(tab != kResultTab);
+    suggestions_->setVisible(tab != kResultTab && anySuggestion_);
+  });
+}
+
+/// The points of a run know their lines, those of a preview their rows.
+void PreviewPanel::selectOnPlan(int row) {
+  const bool known = runPoints_ && row >= 0 && row < rows_.rowCount();
+  plan_->selectRow(known ? static_cast<int>(rows_.at(row).line) : row);
+}
+
+void PreviewPanel::selectInTable(int row) {
+  if (!runPoints_) return table_->selectRow(row);
+  for (int index = 0; index < rows_.rowCount(); ++index) {
+    if (rows_.at(index).line == static_cast<std::uint64_t>(row)) table_->selectRow(index);
+  }
+}
+
+void PreviewPanel::showResult(const FinishedRun& run) {
+  result_->showRun(run);
+  runPoints_ = run.points;
+  showPlan();
+  tabs_->setTabEnabled(kResultTab, true);
+  tabs_->setCurrentIndex(kResultTab);
+}
+
+void PreviewPanel::showPlan() {
+  plan_->setModel({.points = runPoints_ ? *runPoints_ : rows_.planPoints(), .areas = areas_});
 }
 
 void PreviewPanel::setContent(PreviewContent content) {
@@ -177,21 +173,19 @@ void PreviewPanel::setContent(PreviewContent content) {
   rows_.setRows(std::move(content.preview.rows), content.settings);
   fitColumns();
   plan_->setFeet(!content.settings.target.metres);
-  plan_->setModel({.points = rows_.planPoints(), .areas = std::move(content.areas)});
+  areas_ = std::move(content.areas);
+  if (!content.afterRun) {
+    runPoints_.reset();
+    if (tabs_->currentIndex() == kResultTab) tabs_->setCurrentIndex(tabBefore_);
+  }
+  showPlan();
   if (selected >= 0 && selected < rows_.rowCount()) table_->selectRow(selected);
 }
 
 void PreviewPanel::showVerdict(const PreviewContent& content) {
   const run::Preview& preview = content.preview;
-  const VerdictSign sign = signOf(preview.verdict);
-  const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
-  sign_->setPixmap(style()->standardIcon(sign.picture, nullptr, this).pixmap(size, size));
-  const QString text =
-      preview.verdict == run::Verdict::Nothing ? content.withoutPreview : toQString(preview.verdictText);
-  verdict_->setText(text);
-  verdict_->setCursorPosition(0);
-  if (!text.isEmpty()) verdict_->setToolTip(plainTip(text));
-  verdict_->setAccessibleName(tr(sign.word));
+  verdict_->setVerdict(preview.verdict, preview.verdict == run::Verdict::Nothing ? content.withoutPreview
+                                                                                 : toQString(preview.verdictText));
 }
 
 void PreviewPanel::showSuggestions(const std::vector<selection::Suggestion>& suggestions) {
@@ -215,7 +209,8 @@ void PreviewPanel::showSuggestions(const std::vector<selection::Suggestion>& sug
     suggestionGrid_->addWidget(button, count / kSuggestionsInARow, 1 + count % kSuggestionsInARow);
     ++count;
   }
-  suggestions_->setVisible(count > 0);
+  anySuggestion_ = count > 0;
+  suggestions_->setVisible(anySuggestion_ && tabs_->currentIndex() != kResultTab);
 }
 
 /// The button disappears with its suggestion; the focus must not be lost.

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,11 +13,11 @@
 #include "selection/suggestions.h"
 #include "ui/plan_widget.h"
 #include "ui/preview_rows.h"
+#include "ui/result_panel.h"
+#include "ui/verdict_line.h"
 
 class QCheckBox;
 class QGridLayout;
-class QLabel;
-class QLineEdit;
 class QPlainTextEdit;
 class QTableView;
 class QTabWidget;
@@ -29,6 +30,7 @@ struct PreviewContent {
   run::RunSettings settings;  ///< those of the preview
   std::vector<PlanArea> areas;
   QString withoutPreview;  ///< what the verdict says when there is nothing to preview
+  bool afterRun = false;   ///< nothing was changed since the run whose result is shown
 };
 
 class PreviewPanel : public QWidget {
@@ -37,8 +39,11 @@ class PreviewPanel : public QWidget {
  public:
   explicit PreviewPanel(QWidget* parent = nullptr);
 
-  /// The selected row stays selected when it is there.
+  /// The selected row stays selected when it is there. Result and points of a run give way when something was changed.
   void setContent(PreviewContent content);
+  /// Turns to the result of a run, whose points take their place on the plan.
+  void showResult(const FinishedRun& run);
+  ResultPanel& result() { return *result_; }
   /// What the person can fold away to give the panel more room.
   void foldAway(std::vector<QWidget*> groups) { folded_ = std::move(groups); }
   /// Unfolds the group that contains a control.
@@ -48,7 +53,6 @@ class PreviewPanel : public QWidget {
   void suggestionTaken(const tovak::selection::Suggestion& suggestion);
 
  private:
-  QWidget* makeVerdict();
   QWidget* makePreview();
   QWidget* makeCorner();
   void connectRows();
@@ -56,20 +60,27 @@ class PreviewPanel : public QWidget {
   void showSuggestions(const std::vector<selection::Suggestion>& suggestions);
   void take(const selection::Suggestion& suggestion);
   void showTargetOf(int row);
+  void showPlan();
+  void selectOnPlan(int row);
+  void selectInTable(int row);
   void fitColumns();
 
   PreviewRows rows_;
-  QLabel* sign_ = nullptr;
-  QLineEdit* verdict_ = nullptr;
+  VerdictLine* verdict_ = nullptr;
   QWidget* suggestions_ = nullptr;
   QGridLayout* suggestionGrid_ = nullptr;
   QTabWidget* tabs_ = nullptr;
   QTableView* table_ = nullptr;
   QPlainTextEdit* target_ = nullptr;
   PlanWidget* plan_ = nullptr;
+  ResultPanel* result_ = nullptr;
   QCheckBox* showGroups_ = nullptr;
   std::vector<QWidget*> folded_;
   std::string targetText_;
+  std::vector<PlanArea> areas_;
+  std::optional<std::vector<PlanPoint>> runPoints_;  ///< of the last run, until something is changed
+  int tabBefore_ = 0;                                ///< where the person was before the result came
+  bool anySuggestion_ = false;
 };
 
 }  // namespace tovak::ui

@@ -11,18 +11,6 @@
 namespace tovak::ui {
 namespace {
 
-PlanState stateOf(run::Fate fate) {
-  switch (fate) {
-    case run::Fate::Converted:
-      return PlanState::converted;
-    case run::Fate::Doubtful:
-      return PlanState::doubtful;
-    case run::Fate::Refused:
-      break;
-  }
-  return PlanState::refused;
-}
-
 QString lineText(const run::PreviewRow& row) {
   const QString line = QString::number(row.line);
   return row.file.empty() ? line : QString("%1: %2").arg(toQString(row.file), line);

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPalette>
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QStyleFactory>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
@@ -96,6 +98,32 @@ std::unique_ptr<QWidget> makePlan() {
   return window;
 }
 
+/// A run with everything there is to tell: refused and doubtful points, and lines that hold none.
+std::unique_ptr<QWidget> makeResult() {
+  static const QTemporaryDir folder;
+  tovak::run::RunSettings settings = exampleSettings();
+  settings.reportEnabled = false;
+  settings.source.fileName = folder.filePath("control.csv").toStdString();
+  settings.target.fileName = folder.filePath("control_south.csv").toStdString();
+  QFile::copy("samples/control.csv", folder.filePath("control.csv"));
+  QFile source(folder.filePath("control.csv"));
+  source.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+  if (!source.open(QFile::Append)) return nullptr;
+  source.write(
+      "Points of the second day\n45.913x,-92.781,Bridge 7,207,301.5\n12.5,-93.2,Pole,208,\n95.1,-93.2,Pole,209,\n");
+  source.close();
+  std::unique_ptr<tovak::ui::frmTovak> window = makeMain(settings);
+  window->show();
+  if (!QTest::qWaitForWindowExposed(window.get())) return nullptr;
+  QTimer acknowledge;
+  QObject::connect(&acknowledge, &QTimer::timeout, [] {
+    if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->accept();
+  });
+  acknowledge.start(0);
+  window->findChild<QPushButton*>("cmdExecute")->click();
+  return window;
+}
+
 /// The sample's angles read in the wrong form.
 std::unique_ptr<QWidget> makeSuggestions() {
   tovak::run::RunSettings settings = exampleSettings();
@@ -162,6 +190,7 @@ std::unique_ptr<QWidget> makeOptions() {
 constexpr Picture kPictures[] = {
     {"main", [](const QString&) -> std::unique_ptr<QWidget> { return makeMain(exampleSettings()); }},
     {"main_plan", [](const QString&) { return makePlan(); }},
+    {"main_result", [](const QString&) { return makeResult(); }},
     {"main_suggestions", [](const QString&) { return makeSuggestions(); }},
     {"main_database", [](const QString&) { return makeDatabase(); }},
     {"systems",

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QScreen>
 #include <QSettings>
@@ -13,6 +12,7 @@
 #include "run/run_messages.h"
 #include "run/system_data.h"
 #include "selection/suggestions.h"
+#include "ui/ask_for_file.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui/system_list.h"
@@ -29,16 +29,6 @@ using selection::Side;
 
 constexpr std::array<const char*, 6> kAccuracies = {".001 units", ".01 units", ".1 units",
                                                     "1 unit",     "10 units",  "100 units"};
-
-/// Qt writes the filter's pattern only in brackets, and takes "*" to match any name.
-QString askForFile(QWidget* parent, const QString& title, const QString& folder, bool toSave,
-                   const QString& suggested = {}) {
-  QFileDialog dialog(parent, title, folder, "All Files (*)");
-  dialog.setAcceptMode(toSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  dialog.setFileMode(toSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-  if (!suggested.isEmpty()) dialog.selectFile(suggested);
-  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().front() : QString();
-}
 
 /// Qt's file dialog remembers its folders for the next start. Tovak stores nothing of a session: the settings go where
 /// no file can be created.
@@ -69,6 +59,7 @@ frmTovak::frmTovak(const app::WindowStart& start, QWidget* parent)
   connectMenus();
   connectPreview();
   connectJobs();
+  connectResult();
   if (start.job) beginJob();
   setRunning(false);
   refresh();
@@ -234,18 +225,29 @@ void frmTovak::execute() {
   if (running_) return;
   for (const SideWidgets& side : sides_) commitFormat(side);
   statusBar()->clearMessage();
-  run::RunSettings settings = selection::runSettings(selections_, start_.formatTables);
-  run::RunResult result;
+  auto finished = std::make_unique<FinishedRun>();
+  run::RunSettings& settings = finished->settings;
+  settings = selection::runSettings(selections_, start_.formatTables);
+  run::RunResult& result = finished->result;
+  run::PointSample sample;
   std::string focus;
   setRunning(true);
   previewTimer_.stop();
   {
     const WaitCursor wait;
-    WindowPerson person(*this, settings, engine_, ownTargets_,
-                        [this](std::uint64_t records) { paintProgress(records); });
+    const QString suggestion = suggestions_.empty() ? QString() : toQString(suggestions_.front().label);
+    WindowPerson person(*this, settings, engine_, {.ownTargets = ownTargets_, .suggestion = suggestion},
+                        [this](const run::Reached& reached) { return showProgress(reached); });
     result = run::convert(settings, engine_, start_.formatTables,
-                          {.person = person, .typedPoints = &person, .screen = &person, .progress = &person});
+                          {.person = person,
+                           .typedPoints = &person,
+                           .screen = &person,
+                           .progress = &person,
+                           .sample = &sample,
+                           .keptLines = run::kListedLines});
     focus = person.focus();
+    if (result.outcome != run::RunOutcome::Cancelled) finished->grid = person.takeGrid();
+    lookBack(*finished, sample);
   }
   // Keys and clicks made meanwhile go to controls that do not respond.
   QApplication::processEvents();
@@ -257,15 +259,13 @@ void frmTovak::execute() {
     form_->preview->bringOut(*faulty);
     faulty->setFocus();
   }
-  if (recordsRead(result.counts) == 0) return;
+  afterRun_ = selection::runSettings(selections_, start_.formatTables);
+  if (recordsRead(result.counts) == 0 && result.outcome != run::RunOutcome::Cancelled) return;
   QStringList account;
   for (const std::string& line : accountLines(result)) account += toQString(line);
   statusBar()->showMessage(account.join(". "));
-}
-
-void frmTovak::paintProgress(std::uint64_t records) {
-  form_->lblProgress->setText(tr("%L1 points").arg(records));
-  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  lastRun_ = std::move(finished);
+  form_->preview->showResult(*lastRun_);
 }
 
 void frmTovak::setRunning(bool running) {
@@ -276,9 +276,13 @@ void frmTovak::setRunning(bool running) {
                               static_cast<QWidget*>(form_->cmdExecute), static_cast<QWidget*>(form_->cmdClose)}) {
     part->setEnabled(!running);
   }
+  stopWanted_ = false;
   form_->lblProgress->clear();
-  form_->prgRun->setVisible(running);
-  form_->lblProgress->setVisible(running);
+  form_->prgRun->setRange(0, 0);
+  for (QWidget* const part : {static_cast<QWidget*>(form_->prgRun), static_cast<QWidget*>(form_->cmdStop),
+                              static_cast<QWidget*>(form_->lblProgress)}) {
+    part->setVisible(running);
+  }
 }
 
 /// Called when a dialog has closed, whatever it changed.

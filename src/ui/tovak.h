@@ -16,12 +16,12 @@
 #include "report/report_sheets.h"
 #include "selection/selections.h"
 #include "selection/suggestions.h"
+#include "ui/finished_run.h"
 #include "ui/help_window.h"
 #include "ui/plan_model.h"
 #include "ui/tovak_about.h"
 #include "ui/tovak_def_pt_no.h"
 #include "ui/tovak_input.h"
-#include "ui/tovak_output.h"
 
 class QComboBox;
 class QLabel;
@@ -143,7 +143,12 @@ class frmTovak : public QMainWindow {
   void takeLayouts();
 
   void execute();
-  void paintProgress(std::uint64_t records);
+  bool showProgress(const run::Reached& reached);
+  void lookBack(FinishedRun& run, run::PointSample& sample);
+  void connectResult();
+  void openTarget();
+  void openRunReport();
+  void saveList(const QString& text);
   void setRunning(bool running);
   const run::SideSettings& settingsOf(selection::Side side);
 
@@ -159,6 +164,10 @@ class frmTovak : public QMainWindow {
   QString jobFile_;                   ///< of the open job; empty without one
   std::string keptJob_;               ///< the text of the selections when it was opened or saved
   bool running_ = false;
+  bool stopWanted_ = false;
+  std::vector<selection::Suggestion> suggestions_;  ///< for the selections as they are; empty while they change
+  std::unique_ptr<FinishedRun> lastRun_;
+  run::RunSettings afterRun_;  ///< the selections as the last run left them
   QTimer previewTimer_;
   std::vector<PlanArea> shownAreas_;  ///< in the plan, with these codes as source and target
   std::pair<std::int16_t, std::int16_t> shownCodes_;

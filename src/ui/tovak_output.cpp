@@ -53,6 +53,10 @@ void frmTovakOutput::setDescriptions(const QString& source, const QString& targe
 void frmTovakOutput::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   rows_.showAdded();
+  const auto shown = static_cast<std::uint64_t>(rows_.rowCount());
+  ui_->lblConverted->setVisible(shown < converted_);
+  ui_->lblConverted->setText(
+      tr("%L1 points were converted in all; the grid holds the last %L2.").arg(converted_).arg(shown));
   QTableView& grid = *ui_->msfgOutput;
   grid.resizeColumnsToContents();
   for (int column = 0; column < OutputRows::kColumns; ++column) {

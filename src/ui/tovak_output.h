@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QMenu>
+#include <cstdint>
 #include <memory>
 
 #include "run/point_record.h"
@@ -15,7 +16,8 @@ class frmTovakOutput;
 
 namespace tovak::ui {
 
-/// Cells can be selected and copied; closing the dialog hides it together with its rows.
+/// It says how many points there were in all when it does not hold them all. Cells can be selected and copied; closing
+/// the dialog hides it together with its rows.
 class frmTovakOutput final : public QDialog {
   Q_OBJECT
   Q_DISABLE_COPY_MOVE(frmTovakOutput)
@@ -28,7 +30,10 @@ class frmTovakOutput final : public QDialog {
   /// Removes all rows and keeps the headings.
   void startGrid();
   /// Adds a row for a converted point; it becomes visible when the dialog is next shown.
-  void addRow(const run::PointRecord& point) { rows_.add(point); }
+  void addRow(const run::PointRecord& point) {
+    rows_.add(point);
+    ++converted_;
+  }
   /// The text after "Source" and "Target": the system's name, " : " and the datum label.
   void setDescriptions(const QString& source, const QString& target);
 
@@ -43,6 +48,7 @@ class frmTovakOutput final : public QDialog {
 
   std::unique_ptr<Ui::frmTovakOutput> ui_;
   OutputRows rows_;
+  std::uint64_t converted_ = 0;
   QMenu* const mnuPopUp_;
   int lastColumnWidth_ = 0;
 };

@@ -32,7 +32,9 @@ void frmTovak::connectPreview() {
 
 /// Changes that come together lead to one preview.
 void frmTovak::schedulePreview() {
-  if (!running_) previewTimer_.start(0);
+  if (running_) return;
+  suggestions_.clear();
+  previewTimer_.start(0);
 }
 
 /// Dialogs change selections and use the engine, so a preview waits until they are closed.
@@ -42,9 +44,11 @@ void frmTovak::showPreview() {
   PreviewContent content;
   content.settings = selection::runSettings(selections_, start_.formatTables);
   content.preview = run::previewRun(content.settings, engine_, start_.formatTables);
-  content.suggestions = selection::suggestionsFor(selections_, suggestionTools());
+  suggestions_ = selection::suggestionsFor(selections_, suggestionTools());
   content.areas = shownAreas(content.settings.SourceProjectionCode, content.settings.TargetProjectionCode);
+  content.suggestions = suggestions_;
   content.withoutPreview = withoutPreview();
+  content.afterRun = content.settings == afterRun_;
   form_->preview->setContent(std::move(content));
 }
 

@@ -108,7 +108,7 @@ void frmTovak::dragEnterEvent(QDragEnterEvent* event) {
 /// that the file comes from is free again.
 bool frmTovak::acceptDrop(QDropEvent* event, Side side) {
   const QString name = droppedFile(*event->mimeData());
-  if (name.isEmpty()) return false;
+  if (name.isEmpty() || running_) return false;
   event->acceptProposedAction();
   if (event->type() == QEvent::Drop) QTimer::singleShot(0, this, [this, side, name] { dropFile(side, name); });
   return true;

@@ -16,7 +16,7 @@
 namespace tovak::ui {
 namespace {
 
-/// The progress is painted at most ten times a second.
+/// The progress is painted, and the person heard, at most ten times a second.
 constexpr qint64 kPaintInterval = 100;
 
 /// The ordinary pointer while a dialog of the run is open.
@@ -37,12 +37,12 @@ bool execOptions(run::RunSettings& settings, QWidget& window) {
 }  // namespace
 
 WindowPerson::WindowPerson(QWidget& window, run::RunSettings& settings, run::ConversionEngine& engine,
-                           const std::set<std::string>& ownTargets, PaintProgress paintProgress)
+                           Knowledge knowledge, ShowProgress showProgress)
     : window_(window),
       settings_(settings),
       engine_(engine),
-      ownTargets_(ownTargets),
-      paintProgress_(std::move(paintProgress)) {
+      knowledge_(std::move(knowledge)),
+      showProgress_(std::move(showProgress)) {
   sincePaint_.start();
 }
 
@@ -51,7 +51,13 @@ WindowPerson::~WindowPerson() = default;
 void WindowPerson::show(const run::Message& message) {
   if (message.ofOnePoint && !pointMessages_) return;
   focus_ = message.focus;
-  if (showMessage(&window_, message)) pointMessages_ = false;
+  run::Message shown = message;
+  if (message.mayStop && !knowledge_.suggestion.isEmpty()) {
+    shown.detail += "\nThis may help: " + knowledge_.suggestion.toStdString();
+  }
+  const Acknowledgement answer = showMessage(&window_, shown);
+  pointMessages_ = pointMessages_ && answer != Acknowledgement::NoMoreOfThem;
+  stopped_ = stopped_ || answer == Acknowledgement::Stop;
 }
 
 bool WindowPerson::confirm(const run::Message& question) {
@@ -59,7 +65,7 @@ bool WindowPerson::confirm(const run::Message& question) {
 }
 
 bool WindowPerson::mayReplace(const std::string& fileName) {
-  if (ownTargets_.contains(fileName)) return true;
+  if (knowledge_.ownTargets.contains(fileName)) return true;
   const run::Message question = run::messages::replaceTarget(fileName);
   focus_ = question.focus;
   return confirm(question);
@@ -128,10 +134,11 @@ void WindowPerson::showGrid() {
   execDialog(grid());
 }
 
-void WindowPerson::progress(std::uint64_t records) {
-  if (sincePaint_.elapsed() < kPaintInterval) return;
+bool WindowPerson::progress(const run::Reached& reached) {
+  if (stopped_ || sincePaint_.elapsed() < kPaintInterval) return !stopped_;
+  stopped_ = !showProgress_(reached);
   sincePaint_.restart();
-  paintProgress_(records);
+  return !stopped_;
 }
 
 }  // namespace tovak::ui

@@ -8,6 +8,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "run/conversion_engine.h"
 #include "run/person.h"
@@ -24,12 +25,18 @@ namespace tovak::ui {
 /// Lives as long as one run.
 class WindowPerson final : public run::Person, public run::TypedPoints, public run::Screen, public run::Progress {
  public:
-  /// Shows how many records have been read, and paints the window.
-  using PaintProgress = std::function<void(std::uint64_t records)>;
+  /// Shows how far the run is, and lets the window respond. False when the person wants it to stop.
+  using ShowProgress = std::function<bool(const run::Reached& reached)>;
 
-  /// `settings` are those of the run; `ownTargets` holds the targets that may be replaced without asking the person.
-  WindowPerson(QWidget& window, run::RunSettings& settings, run::ConversionEngine& engine,
-               const std::set<std::string>& ownTargets, PaintProgress paintProgress);
+  /// What the window knows.
+  struct Knowledge {
+    const std::set<std::string>& ownTargets;  ///< targets that may be replaced without asking the person
+    QString suggestion;                       ///< what may help when a point is refused; empty for nothing
+  };
+
+  /// `settings` are those of the run.
+  WindowPerson(QWidget& window, run::RunSettings& settings, run::ConversionEngine& engine, Knowledge knowledge,
+               ShowProgress showProgress);
   WindowPerson(const WindowPerson&) = delete;
   WindowPerson& operator=(const WindowPerson&) = delete;
   ~WindowPerson() override;
@@ -43,10 +50,12 @@ class WindowPerson final : public run::Person, public run::TypedPoints, public r
   void showRow(const run::PointRecord& point, bool freshGrid) override;
   void printReport(const run::ReportHeading& heading, std::uint64_t start) override;
   void showGrid() override;
-  void progress(std::uint64_t records) override;
+  bool progress(const run::Reached& reached) override;
 
   /// The control that the last message was about. It takes no focus during a run.
   const std::string& focus() const { return focus_; }
+  /// The output grid; null when no point came into it.
+  std::unique_ptr<frmTovakOutput> takeGrid() { return std::move(grid_); }
 
  private:
   QString sideDescription(std::int16_t code) const;
@@ -55,9 +64,10 @@ class WindowPerson final : public run::Person, public run::TypedPoints, public r
   QWidget& window_;
   run::RunSettings& settings_;
   run::ConversionEngine& engine_;
-  const std::set<std::string>& ownTargets_;
-  PaintProgress paintProgress_;
+  const Knowledge knowledge_;
+  ShowProgress showProgress_;
   QElapsedTimer sincePaint_;
+  bool stopped_ = false;
   std::string focus_;
   bool pointMessages_ = true;
   bool rowsToShow_ = false;

@@ -5,10 +5,12 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include "run/account_lines.h"
 #include "run/format_index.h"
 #include "run/keyboard_reader.h"
 #include "run/projection_code.h"
 #include "run/run_messages.h"
+#include "run/unconverted_lines.h"
 #include "support/scripted_engine.h"
 #include "support/scripted_person.h"
 #include "support/temporary_folder.h"
@@ -179,8 +181,9 @@ TEST_F(ConversionRun, CarriesEachPointThroughTheEngineAndSkipsWhatItRefuses) {
     EXPECT_TRUE(result.counts.firstSkippedLine == 3 && result.counts.firstSkipReason == "refused with 8");
     const Message refused = {.text = "refused with 8",
                              .title = "TovakX Conversion Error",
-                             .detail = "line 3 of " + folder.file("in"),
-                             .ofOnePoint = true};
+                             .detail = "line 3 of " + folder.file("in") + "\nNorthing 30.000, easting 40.000",
+                             .ofOnePoint = true,
+                             .mayStop = true};
     const std::vector<Message> messages = {refused,
                                            {.text = "Output File Written",
                                             .title = "Finished",
@@ -402,9 +405,48 @@ TEST_F(ConversionRun, TurnsInteractiveOnTheFirstMessageOfBatchModeOne) {
   }
 }
 
-TEST_F(ConversionRun, TellsItsProgress) {
-  run(std::string(8200, '\n'));
-  EXPECT_EQ(person.progressTold, (std::vector<std::uint64_t>{4096, 8192}));
+TEST_F(ConversionRun, TellsItsProgressAndStopsWithoutATrace) {
+  std::string points;
+  for (int i = 0; i < 40000; ++i) points += "1 2 A\n";
+  run(points);
+  const Reached& end = person.progressTold.back();
+  EXPECT_EQ(std::tuple(end.records, end.bytes, end.size), std::tuple(40000U, points.size() + 5, points.size() + 5));
+
+  enableReport();
+  settings.NextPointNumber = 7;
+  settings.target.fileName = folder.write("out", "old");
+  engine.refusals[2] = 10;
+  // Before the first line, at a tenth, in the middle, and from the box about a point.
+  for (const double part : {0.0, 0.1, 0.5, 2.0}) {
+    person.stopsAt = part;
+    person.stopsInBox = true;
+    const RunResult result = run(points + "2 2 \n");
+    EXPECT_EQ(result.outcome, RunOutcome::Cancelled);
+    EXPECT_EQ(person.shown.size(), part > 1.0 ? 1U : 0U);
+    EXPECT_EQ(accountLines(result).front(), "The run was stopped before its end");
+    EXPECT_EQ(settings.NextPointNumber, 7);
+    EXPECT_EQ(target() + report(), "oldold report\n");
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"in", "out", "report"}));
+  }
+}
+
+TEST_F(ConversionRun, KeepsTheLinesThatWereNotConvertedAndASampleOfThePoints) {
+  engine.refusals[2] = 10;
+  std::string points;
+  for (int i = 0; i < 6; ++i) points += "1 2 A\n2 2 B" + std::string(600, 'b') + '\n';
+  PointSample sample(4);
+  person.sample = &sample;
+  person.keptLines = 5;
+  const RunResult result = run(points);
+  const UnconvertedLines list = unconvertedLines(result.counts, settings, 4);
+  EXPECT_EQ(std::pair(list.lines.size(), list.count), std::pair(std::size_t{4}, std::uint64_t{6}));
+  EXPECT_EQ(list.lines[1].line, 5U);
+  EXPECT_EQ(list.lines[1].text, "2 2 B" + std::string(495, 'b'));
+  EXPECT_EQ(list.lines[1].reason, "refused with 10");
+
+  std::vector<std::uint64_t> lines;
+  for (const SampledPoint& point : sample.take(result.counts.doubts)) lines.push_back(point.line);
+  EXPECT_EQ(lines, (std::vector<std::uint64_t>{2, 3, 6, 7, 10, 11})) << "every second one of both fates";
 }
 
 TEST_F(ConversionRun, FillsTheGridWithTheMostRecentPoints) {

@@ -1,6 +1,7 @@
 /// A person whose answers are written beforehand, and who notes what was shown.
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <vector>
 
@@ -22,7 +23,12 @@ class ScriptedPerson final : public run::Person, public run::TypedPoints, public
   int gridsShown = 0;
   std::vector<std::uint64_t> printedFrom;
   std::vector<run::TargetOptions> optionsShown;
-  std::vector<std::uint64_t> progressTold;
+  std::vector<run::Reached> progressTold;
+  double stopsAt = 2.0;  ///< the run is stopped when that part of its source has been read
+
+  bool stopsInBox = false;  ///< the message about a point stops it
+  run::PointSample* sample = nullptr;
+  std::size_t keptLines = 0;
 
   bool answer = true;         ///< to every question
   bool acceptOptions = true;  ///< the options dialogs are not cancelled
@@ -32,7 +38,14 @@ class ScriptedPerson final : public run::Person, public run::TypedPoints, public
   // Room for a long run, whose allocations are counted.
   ScriptedPerson() { progressTold.reserve(64); }
 
-  run::Audience audience() { return {.person = *this, .typedPoints = this, .screen = this, .progress = this}; }
+  run::Audience audience() {
+    return {.person = *this,
+            .typedPoints = this,
+            .screen = this,
+            .progress = this,
+            .sample = sample,
+            .keptLines = keptLines};
+  }
 
   void show(const run::Message& message) override { shown.push_back(message); }
   bool confirm(const run::Message& question) override {
@@ -55,7 +68,11 @@ class ScriptedPerson final : public run::Person, public run::TypedPoints, public
   void showRow(const run::PointRecord&, bool freshGrid) override { freshGrids.push_back(freshGrid); }
   void printReport(const run::ReportHeading&, std::uint64_t start) override { printedFrom.push_back(start); }
   void showGrid() override { ++gridsShown; }
-  void progress(std::uint64_t records) override { progressTold.push_back(records); }
+  bool progress(const run::Reached& reached) override {
+    progressTold.push_back(reached);
+    if (stopsInBox && !shown.empty() && shown.back().mayStop) return false;
+    return static_cast<double>(reached.bytes) < stopsAt * static_cast<double>(std::max<std::uint64_t>(reached.size, 1));
+  }
 };
 
 }  // namespace tovak::tests

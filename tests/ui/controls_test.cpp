@@ -212,7 +212,9 @@ TEST_F(Controls, ChangeTheirSettingAndTheRun) {
       "lstHorizontal",   "lstCsvVertical",  "lstCsvZone",       "txCsvtSrcFile",  // of the database
       "mnuFileOpenJob",  "mnuFileSaveJob",  "mnuFileSaveJobAs", "mnuFileCommand", "cmdExecute",
       "mnuFileExecute",  "cmdClose",        "mnuFileExit",      "mnuFilePrint",   "mnuFilePreview",
-      "mnuToolsLayouts", "mnuHelpContents", "mnuHelpAbout",     "chkTargetText",  "chkShowOptions"};
+      "mnuToolsLayouts", "mnuHelpContents", "mnuHelpAbout",     "chkTargetText",  "chkShowOptions",
+      "cmdStop",         "cmdOpenTarget",   "cmdOpenReport",    "cmdShowGrid",    "cmdCopyList",
+      "cmdSaveList"};
   for (const auto& c : cases) known.insert(c.control);
   open();
   for (const QObject* const part :

@@ -62,7 +62,7 @@ TEST_F(MainWindow, ShowsNoFurtherErrorsOnceAskedTo) {
   ASSERT_EQ(dialogs.boxes.size(), 3U);
   EXPECT_EQ(dialogs.boxes[0].title, "TovakX Conversion Error");
   EXPECT_EQ(dialogs.boxes[0].text, "refused with 7");
-  EXPECT_EQ(dialogs.boxes[1].detail, "line 2 of " + folder.file("in.csv"));
+  EXPECT_EQ(dialogs.boxes[1].detail, "line 2 of " + folder.file("in.csv") + "\nNorthing 3.000, easting 4.000");
   EXPECT_TRUE(dialogs.boxes[1].offersToStop);
   EXPECT_EQ(dialogs.boxes[2].text, "Output File Written");
   EXPECT_FALSE(dialogs.boxes[2].offersToStop);
@@ -74,27 +74,59 @@ TEST_F(MainWindow, ShowsNoFurtherErrorsOnceAskedTo) {
   EXPECT_EQ(dialogs.boxes.size(), 7U);
 }
 
-TEST_F(MainWindow, TellsTheProgressOfARunAndStaysOpen) {
-  QElapsedTimer time;
-  bool told = false;
-  std::string points;
-  for (int i = 0; i < 4100; ++i) points += "1,2,A\n";
+TEST_F(MainWindow, StaysOpenDuringARunThatCanBeStopped) {
+  constexpr int kRecords = 100000;
+  std::string points = "9,9,BAD\n";
+  for (int i = 1; i < kRecords; ++i) points += "1,2,A\n";
   presetFiles(points);
-  open();
-  window->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  start.settings.reportEnabled = true;
+  start.settings.reportFileName = folder.write("day.rpt", "older\n");
+  folder.write("out.csv", "older\n");
+  const std::vector<std::string> before = folder.names();
+  int record = 0;
+  int slowRecord = 0;
+  engine.keepsCalls = false;
   engine.arithmetic = [&](const tests::ScriptedEngine::Point& point) {
-    QWidget& opened = *QApplication::activeWindow();
-    EXPECT_FALSE(opened.close());
-    const auto& label = tests::control<QLabel>(opened, "lblProgress");
-    // A run tells now and then, and the window paints now and then.
-    if (!time.isValid()) time.start();
-    while (time.elapsed() < 100) continue;
-    told = told || (label.isVisible() && label.text().endsWith("096 points"));
+    // The window paints, and hears the person, ten times a second.
+    QElapsedTimer time;
+    time.start();
+    while (record == slowRecord && time.elapsed() < 150) continue;
+    ++record;
     return tests::ScriptedEngine::add(point);
   };
-  click("cmdExecute");
-  EXPECT_TRUE(told);
+  for (const int percent : {0, 10, 50}) {
+    SCOPED_TRACE(percent);
+    engine.refusals.clear();
+    open();
+    QApplication::processEvents();
+    record = 0;
+    slowRecord = kRecords / 100 * percent;
+    dialogs.expectBox(QMessageBox::Yes);  // the older target may be replaced
+    if (percent == 0) {
+      engine.refusals[9] = 7;
+      dialogs.expect("QMessageBox", [](QDialog& box) {
+        for (auto* const button : box.findChildren<QPushButton*>()) {
+          if (button->text() == "Stop") button->click();
+        }
+      });
+    }
+    QTimer person;
+    QObject::connect(&person, &QTimer::timeout, [&] {
+      const QString told = widget<QLabel>("lblProgress").text();
+      if (told.isEmpty()) return;
+      EXPECT_FALSE(window->close());
+      EXPECT_GE(told.split(' ').front().toInt(), percent);
+      click("cmdStop");
+    });
+    person.start(0);
+    click("cmdExecute");
+    EXPECT_TRUE(dialogs.finished());
+    EXPECT_TRUE(text("resultHeadline").starts_with("The run was stopped before its end; ")) << text("resultHeadline");
+    EXPECT_TRUE(tests::contentsOf(folder.file("out.csv")) == "older\n");
+    EXPECT_TRUE(tests::contentsOf(folder.file("day.rpt")) == "older\n");
+    EXPECT_EQ(folder.names(), before);
+    EXPECT_FALSE(visible("cmdStop"));
+  }
   click("cmdClose");
   EXPECT_FALSE(window->isVisible());
 }

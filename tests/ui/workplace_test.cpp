@@ -1,5 +1,6 @@
 // What the main window shows before a run, compared with what the run then does: with the conversion engine itself. The
 // point is a control point computed outside this program.
+#include <QClipboard>
 #include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QTableView>
@@ -111,6 +112,53 @@ TEST_F(Workplace, SelectsAPointInTableAndPlan) {
   EXPECT_EQ(plan.selectedRow(), 1);
   QTest::keyClick(&plan, Qt::Key_PageUp);
   EXPECT_EQ(table.currentIndex().row(), 0);
+}
+
+TEST_F(Workplace, ShowsTheResultUntilSomethingIsChanged) {
+  show(std::string(kPoints) + "1.000,2.000,FAR,9,\n", "4M", "0");
+  const auto table = [this] {
+    QString all;
+    for (int row = 0; row < 3; ++row) {
+      for (int column = 0; column < PreviewRows::kColumns; ++column) all += cell(row, column) + '|';
+    }
+    return all.replace("|2|B|", "|1|B|");  // the default number has been used
+  };
+  const QString before = table();
+  click("chkAllowBlank");
+  auto& tabs = widget<QTabWidget>("previewTabs");
+  auto& list = widget<QTableView>("unconvertedTable");
+  tabs.setCurrentIndex(1);
+  click("cmdExecute");
+  QApplication::processEvents();
+  EXPECT_EQ(tabs.currentIndex(), 2);
+  EXPECT_EQ(text("resultHeadline"), "2 of 3 points were converted");
+  ASSERT_EQ(dialogs.boxes.size(), 2U);
+  EXPECT_NE(dialogs.boxes[0].detail.find("Northing 1.000, easting 2.000"), std::string::npos)
+      << dialogs.boxes[0].detail;
+  EXPECT_TRUE(dialogs.boxes[1].detail.starts_with("4 records read: 2 converted, 1 skipped")) << dialogs.boxes[1].detail;
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  list.setFocus();
+  list.selectRow(0);
+  QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "2\tno point\tNo delimiter\n");
+  dialogs.expectFile(folder.file("list.txt"));
+  click("cmdSaveList");
+  const std::string saved = tests::contentsOf(folder.file("list.txt"));
+  EXPECT_NE(saved.find("\n4\t1.000,2.000,FAR,9,\t"), std::string::npos) << saved;
+  EXPECT_TRUE(enabled("cmdOpenTarget") && !enabled("cmdOpenReport") && !enabled("cmdShowGrid"));
+  EXPECT_EQ(widget<PlanWidget>("plan").model().points.size(), 2U) << "the refused one has no place";
+
+  click("chkShowOptions");
+  QApplication::processEvents();
+  EXPECT_EQ(tabs.currentIndex(), 2) << "nothing was changed";
+  click("btnSourceEnglish");
+  QApplication::processEvents();
+  EXPECT_EQ(tabs.currentIndex(), 1);
+  click("btnSourceMetric");
+  click("chkAllowBlank");
+  QApplication::processEvents();
+  EXPECT_EQ(table(), before);
 }
 
 TEST_F(Workplace, GivesTheRoomOfTheOptionsAwayAndBack) {

@@ -20,6 +20,7 @@ bool ExportFiles::stop(const Message& message) {
 bool ExportFiles::openSource(const char* wrongTarget) {
   if (!context_.targetIsPartner) return stop({wrongTarget, "Invalid target", Icon::Exclamation});
   if (const run::Message* const collision = run::fileCollision(context_.settings)) return stop(*collision);
+  source_.watch(context_.watch);
   return source_.open(context_.settings.source.fileName) || stop(run::systemMessage(source_.error()));
 }
 
@@ -29,11 +30,7 @@ bool ExportFiles::createTarget() {
 }
 
 bool ExportFiles::next(std::string_view& line) {
-  if (!source_.next(line)) return false;
-  if (source_.lineNumber() % run::kProgressStep == 0 && context_.progress != nullptr) {
-    context_.progress->progress(source_.lineNumber());
-  }
-  return true;
+  return source_.next(line);
 }
 
 bool ExportFiles::keepsOlder() const {
@@ -43,9 +40,18 @@ bool ExportFiles::keepsOlder() const {
                   : std::filesystem::is_regular_file(context_.settings.target.fileName, unknown);
 }
 
+void ExportFiles::settleTarget(bool written) {
+  using enum run::TargetState;
+  std::error_code unknown;
+  const bool older = std::filesystem::is_regular_file(context_.settings.target.fileName, unknown);
+  context_.target = written ? Written : target_.target().isDirect() ? Incomplete : older ? OlderKept : NoFile;
+}
+
 bool ExportFiles::commit() {
-  if (keepsOlder()) return true;
-  return !created_ || target_.commit() || stop(run::systemMessage(target_.error()));
+  settleTarget(false);
+  if (keepsOlder() || !created_) return true;
+  settleTarget(target_.commit());
+  return context_.target == run::TargetState::Written || stop(run::systemMessage(target_.error()));
 }
 
 bool ExportFiles::stopKeepingLines(Message message) {
@@ -63,7 +69,9 @@ std::string ExportFiles::olderStands() const {
 bool ExportFiles::finish(const char* finished) {
   if (source_.sourceChanged()) addTo(tallyOf(context_.counts.doubts, run::Doubt::SourceChanged), 0);
   switch (source_.fault()) {
+    case LineReader::Fault::Stopped:
     case LineReader::Fault::System:
+      settleTarget(false);
       return stop(run::systemMessage(source_.error()));
     case LineReader::Fault::LineTooLong:
       return stopKeepingLines(run::systemMessage(source_.error()));

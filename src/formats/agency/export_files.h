@@ -38,6 +38,7 @@ class ExportFiles {
   bool stopKeepingLines(run::Message message);
   bool keepsOlder() const;
   std::string olderStands() const;
+  void settleTarget(bool written);
   bool commit();
 
   const run::ExportContext& context_;
