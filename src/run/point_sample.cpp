@@ -7,12 +7,12 @@
 namespace tovak::run {
 
 bool PointSample::Thinned::takesNext() {
-  if (passed++ % step != 0) return false;
+  if ((passed++ & (step - 1)) != 0) return false;
   if (points.size() < most) return true;
   for (std::size_t kept = 0; 2 * kept < points.size(); ++kept) std::swap(points[kept], points[2 * kept]);
   points.resize((points.size() + 1) / 2);
   step *= 2;
-  return (passed - 1) % step == 0;
+  return ((passed - 1) & (step - 1)) == 0;
 }
 
 void PointSample::add(const PointRecord& point, const DoubtFlags& doubts, bool refused) {

@@ -38,7 +38,7 @@ class PointSample {
   /// Keeps every `step`-th point. When it is full, every second one goes and the step doubles.
   struct Thinned {
     std::size_t most;
-    std::size_t step = 1;
+    std::size_t step = 1;  ///< a power of two
     std::size_t passed = 0;
     std::vector<SampledPoint> points = {};
 

@@ -19,6 +19,7 @@
 namespace tovak::ui {
 namespace {
 
+constexpr int kPlanTab = 1;
 constexpr int kResultTab = 2;
 constexpr int kSuggestionsInARow = 3;
 constexpr int kSuggestionWidth = 270;  ///< of a text, in pixels; a longer one can be read in its tool tip
@@ -133,6 +134,7 @@ void PreviewPanel::connectRows() {
   connect(plan_, &PlanWidget::pointSelected, this, &PreviewPanel::selectInTable);
   connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
     if (tab != kResultTab) tabBefore_ = tab;
+    if (planWaits_) showPlan();
     // They tell of the next run.
     verdict_->setVisible(tab != kResultTab);
     suggestions_->setVisible(tab != kResultTab && anySuggestion_);
@@ -160,8 +162,12 @@ void PreviewPanel::showResult(const FinishedRun& run) {
   tabs_->setCurrentIndex(kResultTab);
 }
 
+/// A plan out of sight waits: after a run it has many points to place.
 void PreviewPanel::showPlan() {
+  planWaits_ = tabs_->currentIndex() != kPlanTab;
+  if (planWaits_) return;
   plan_->setModel({.points = runPoints_ ? *runPoints_ : rows_.planPoints(), .areas = areas_});
+  selectOnPlan(table_->currentIndex().row());
 }
 
 void PreviewPanel::setContent(PreviewContent content) {

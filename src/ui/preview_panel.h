@@ -81,6 +81,7 @@ class PreviewPanel : public QWidget {
   std::optional<std::vector<PlanPoint>> runPoints_;  ///< of the last run, until something is changed
   int tabBefore_ = 0;                                ///< where the person was before the result came
   bool anySuggestion_ = false;
+  bool planWaits_ = false;
 };
 
 }  // namespace tovak::ui

@@ -39,48 +39,59 @@ QString linesText(const std::vector<run::TalliedLine>& lines, std::uint64_t coun
          (rest == 0 ? QString() : QString(" and %L1 more").arg(rest));
 }
 
-QString row(const QString& head, const QString& count, const QString& text) {
-  return QString("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td align=\"right\">%2&nbsp;&nbsp;</td><td>%3</td></tr>")
-      .arg(head, count, text.toHtmlEscaped());
+struct Part {
+  std::uint64_t count = 0;
+  QString text;
+};
+
+/// What follows a text about some lines.
+QString inBrackets(const QString& lines) {
+  return lines.isEmpty() ? QString() : " (" + lines + ')';
 }
 
-QString fateRow(const char* fate, std::uint64_t count, const QString& text) {
-  return row(fate, QString("%L1").arg(count), text);
+QString row(const char* head, std::uint64_t count, const QString& text) {
+  return QString("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td align=\"right\">%L2&nbsp;&nbsp;</td><td>%3</td></tr>")
+      .arg(head)
+      .arg(count)
+      .arg(text.toHtmlEscaped());
 }
 
-QString passedOverText(const RecordCounts& counts) {
+/// A row with a sum and, where it has several parts, one for each of them below.
+QString rowsOf(const char* head, std::uint64_t sum, const std::vector<Part>& parts) {
+  if (parts.size() == 1) return row(head, sum, parts.front().text);
+  QString rows = row(head, sum, {});
+  for (const Part& part : parts) rows += row("", part.count, part.text);
+  return rows;
+}
+
+std::vector<Part> passedOver(const RecordCounts& counts) {
   const std::array<std::pair<const Tally*, const char*>, 5> kinds = {
       {{&counts.withoutDelimiter, "without delimiter"},
        {&counts.zeroCoordinate, "with a zero coordinate"},
        {&counts.comment, "comment"},
        {&counts.noPoint, "without a point"},
        {&counts.otherZone, "of another zone"}}};
-  QStringList texts;
+  std::vector<Part> parts;
   for (const auto& [tally, what] : kinds) {
-    if (tally->count != 0) {
-      texts << QString("%L1 %2 (%3)").arg(tally->count).arg(what, linesText(tally->lines, tally->count));
-    }
+    if (tally->count != 0) parts.push_back({tally->count, what + inBrackets(linesText(tally->lines, tally->count))});
   }
-  return texts.join("; ");
+  return parts;
 }
 
-/// A row for each reason, in the order of the first lines.
-QString reasonRows(const RecordCounts& counts) {
-  std::vector<run::TalliedLine> lines;
-  for (const Tally* const tally : {&counts.refusedByEngine, &counts.refusedAngle, &counts.refusedCounty}) {
-    lines.insert(lines.end(), tally->lines.begin(), tally->lines.end());
-  }
+/// The refused points by their reasons.
+std::vector<Part> refusals(const RecordCounts& counts) {
   std::map<std::string, std::vector<run::TalliedLine>> byReason;
-  for (const run::TalliedLine& line : lines) byReason[line.reason].push_back(line);
-  QString rows;
-  for (const auto& [reason, ofReason] : byReason) {
-    QString text = toQString(reason).replace('\n', ' ');
-    while (text.endsWith('.')) text.chop(1);
-    rows += row({}, QString("%L1").arg(ofReason.size()), text + ": " + linesText(ofReason, ofReason.size()));
+  std::uint64_t rest = recordsSkipped(counts);
+  for (const Tally* const tally : {&counts.refusedByEngine, &counts.refusedAngle, &counts.refusedCounty}) {
+    rest -= tally->lines.size();
+    for (const run::TalliedLine& line : tally->lines) byReason[line.reason].push_back(line);
   }
-  const std::uint64_t rest = recordsSkipped(counts) - lines.size();
-  if (rest != 0) rows += row({}, QString("%L1").arg(rest), "further ones");
-  return rows;
+  std::vector<Part> parts;
+  for (const auto& [reason, lines] : byReason) {
+    parts.push_back({lines.size(), toQString(reason).replace('\n', ' ') + inBrackets(linesText(lines, lines.size()))});
+  }
+  if (rest != 0) parts.push_back({rest, "further ones"});
+  return parts;
 }
 
 QString doubtRows(const run::Doubts& doubts) {
@@ -88,9 +99,9 @@ QString doubtRows(const run::Doubts& doubts) {
   for (std::size_t kind = 0; kind < run::kDoubtKinds; ++kind) {
     const run::DoubtTally& tally = doubts[kind];
     if (tally.count == 0) continue;
-    const QString lines = linesText(tally.lines, tally.count);
-    rows += row(rows.isEmpty() ? "Doubts" : "", QString("%L1").arg(tally.count),
-                toQString(doubtPhrase(doubts, static_cast<run::Doubt>(kind))) + (lines.isEmpty() ? "" : ": " + lines));
+    rows += row(rows.isEmpty() ? "Doubts" : "", tally.count,
+                toQString(doubtPhrase(doubts, static_cast<run::Doubt>(kind))) +
+                    inBrackets(linesText(tally.lines, tally.count)));
   }
   return rows;
 }
@@ -111,8 +122,7 @@ QString targetWords(TargetState state) {
 }
 
 QString fileRow(const char* what, const QString& path, const QString& words) {
-  return QString("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td colspan=\"2\">%2</td></tr>")
-      .arg(what, (path + words).toHtmlEscaped());
+  return QString("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>").arg(what, (path + words).toHtmlEscaped());
 }
 
 QString absolute(const std::string& name) {
@@ -121,6 +131,7 @@ QString absolute(const std::string& name) {
 
 QString fileRows(const FinishedRun& run) {
   QString rows;
+  if (!run.settings.source.fileName.empty()) rows += fileRow("Source", absolute(run.settings.source.fileName), {});
   if (run.result.target != TargetState::NotOpened) {
     rows += fileRow("Target", absolute(run.result.targetName), targetWords(run.result.target));
   }
@@ -168,6 +179,7 @@ ResultHeadline resultHeadline(const FinishedRun& run) {
                          .arg(counted(points, "point", "points"))
                          .arg(counts.converted == 1 ? "was" : "were");
   }
+  if (anyDoubt(counts.doubts)) headline.text += "; there are doubts";
   const bool bad = result.outcome == RunOutcome::Stopped || result.outcome == RunOutcome::Cancelled ||
                    !standing.isEmpty() || counts.converted == 0;
   const bool doubtful =
@@ -178,12 +190,11 @@ ResultHeadline resultHeadline(const FinishedRun& run) {
 
 QString resultText(const FinishedRun& run) {
   const RecordCounts& counts = run.result.counts;
-  QString rows = fateRow("Records read", recordsRead(counts), {});
-  rows += fateRow("Converted", counts.converted, {});
-  rows += fateRow("Skipped", recordsSkipped(counts), {}) + reasonRows(counts);
-  rows += fateRow("Passed over", recordsPassedOver(counts), passedOverText(counts));
-  rows += doubtRows(counts.doubts) + fileRows(run);
-  return "<table>" + rows + "</table>";
+  QString rows = row("Records read", recordsRead(counts), {}) + row("Converted", counts.converted, {});
+  rows += rowsOf("Skipped", recordsSkipped(counts), refusals(counts));
+  rows += rowsOf("Passed over", recordsPassedOver(counts), passedOver(counts));
+  rows += doubtRows(counts.doubts);
+  return "<table>" + rows + "</table><table>" + fileRows(run) + "</table>";
 }
 
 }  // namespace tovak::ui

@@ -147,7 +147,9 @@ TEST_F(Workplace, ShowsTheResultUntilSomethingIsChanged) {
   const std::string saved = tests::contentsOf(folder.file("list.txt"));
   EXPECT_NE(saved.find("\n4\t1.000,2.000,FAR,9,\t"), std::string::npos) << saved;
   EXPECT_TRUE(enabled("cmdOpenTarget") && !enabled("cmdOpenReport") && !enabled("cmdShowGrid"));
+  tabs.setCurrentIndex(1);
   EXPECT_EQ(widget<PlanWidget>("plan").model().points.size(), 2U) << "the refused one has no place";
+  tabs.setCurrentIndex(2);
 
   click("chkShowOptions");
   QApplication::processEvents();
