@@ -32,7 +32,8 @@ class PointSample {
   /// Once the run is over: the points in the order of their lines, doubtful ones by the doubts that remained.
   std::vector<SampledPoint> take(const Doubts& doubts);
 
-  bool thinned() const { return converted_.step > 1 || others_.step > 1; }
+  /// Of how many points this is the sample.
+  std::size_t all() const { return converted_.passed + others_.passed; }
 
  private:
   /// Keeps every `step`-th point. When it is full, every second one goes and the step doubles.

@@ -1,6 +1,7 @@
 /// A run that is over, with all that there is to look at.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -17,6 +18,7 @@ struct FinishedRun {
   run::RunResult result;
   run::UnconvertedLines lines;
   std::vector<PlanPoint> points;         ///< in the order of their lines; `row` is the line of the source
+  std::size_t sampledFrom = 0;           ///< how many points there were where these are a sample
   std::unique_ptr<frmTovakOutput> grid;  ///< of these settings; null when no point was shown in it
 };
 

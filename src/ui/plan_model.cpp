@@ -200,6 +200,10 @@ PlanHeading planHeading(const PlanModel& model, bool feet) {
       all == 0 ? "No point to show" : QString(all == 1 ? "%1 point" : "%1 points").arg(all);
   if (all == 0) return heading;
   heading.places = placesText(model, all, feet);
+  if (model.sampledFrom != 0) {
+    const QString sample = QString("A sample of %L1 from %L2 points. ").arg(model.points.size()).arg(model.sampledFrom);
+    heading.places.prepend(sample);
+  }
   bool told = false;
   for (const Role& role : kRoles) {
     const PlanArea* const area = findArea(model.areas, role.kind);

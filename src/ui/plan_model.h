@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -43,6 +44,7 @@ struct PlanArea {
 struct PlanModel {
   std::vector<PlanPoint> points;
   std::vector<PlanArea> areas;
+  std::size_t sampledFrom = 0;  ///< how many points there are where these are a sample
 };
 
 /// The area served, the state plane and county zones on the source's datum that have a usual area, and the usual areas

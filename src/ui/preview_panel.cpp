@@ -157,6 +157,7 @@ void PreviewPanel::selectInTable(int row) {
 void PreviewPanel::showResult(const FinishedRun& run) {
   result_->showRun(run);
   runPoints_ = run.points;
+  sampledFrom_ = run.sampledFrom;
   showPlan();
   tabs_->setTabEnabled(kResultTab, true);
   tabs_->setCurrentIndex(kResultTab);
@@ -166,7 +167,9 @@ void PreviewPanel::showResult(const FinishedRun& run) {
 void PreviewPanel::showPlan() {
   planWaits_ = tabs_->currentIndex() != kPlanTab;
   if (planWaits_) return;
-  plan_->setModel({.points = runPoints_ ? *runPoints_ : rows_.planPoints(), .areas = areas_});
+  plan_->setModel({.points = runPoints_ ? *runPoints_ : rows_.planPoints(),
+                   .areas = areas_,
+                   .sampledFrom = runPoints_ ? sampledFrom_ : 0});
   selectOnPlan(table_->currentIndex().row());
 }
 

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
@@ -79,7 +80,8 @@ class PreviewPanel : public QWidget {
   std::string targetText_;
   std::vector<PlanArea> areas_;
   std::optional<std::vector<PlanPoint>> runPoints_;  ///< of the last run, until something is changed
-  int tabBefore_ = 0;                                ///< where the person was before the result came
+  std::size_t sampledFrom_ = 0;
+  int tabBefore_ = 0;  ///< where the person was before the result came
   bool anySuggestion_ = false;
   bool planWaits_ = false;
 };

@@ -5,6 +5,7 @@
 #include <QUrl>
 #include <algorithm>
 #include <optional>
+#include <vector>
 
 #include "run/place.h"
 #include "run/run_messages.h"
@@ -48,7 +49,9 @@ void frmTovak::lookBack(FinishedRun& run, run::PointSample& sample) {
   run.lines = unconvertedLines(run.result.counts, run.settings);
   engine_.wantResultTexts(false);
   run::PlaceFinder places(engine_, run.settings);
-  for (const run::SampledPoint& point : sample.take(run.result.counts.doubts)) {
+  const std::vector<run::SampledPoint> sampled = sample.take(run.result.counts.doubts);
+  if (sampled.size() < sample.all()) run.sampledFrom = sample.all();
+  for (const run::SampledPoint& point : sampled) {
     const std::optional<run::Place> place = places.placeOf(point.northing, point.easting);
     if (!place) continue;
     run.points.push_back({.place = {place->latitude, place->longitude},
