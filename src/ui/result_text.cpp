@@ -87,6 +87,7 @@ std::vector<Part> refusals(const RecordCounts& counts) {
     for (const run::TalliedLine& line : tally->lines) byReason[line.reason].push_back(line);
   }
   std::vector<Part> parts;
+  parts.reserve(byReason.size() + 1);
   for (const auto& [reason, lines] : byReason) {
     parts.push_back({lines.size(), toQString(reason).replace('\n', ' ') + inBrackets(linesText(lines, lines.size()))});
   }
