@@ -5,7 +5,6 @@
 #include <QString>
 #include <QWidget>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "run/preview.h"
@@ -13,7 +12,6 @@
 #include "ui/plan_widget.h"
 #include "ui/preview_rows.h"
 
-class QCheckBox;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
@@ -39,10 +37,6 @@ class PreviewPanel : public QWidget {
 
   /// The selected row stays selected when it is there.
   void setContent(PreviewContent content);
-  /// What the person can fold away to give the panel more room.
-  void foldAway(std::vector<QWidget*> groups) { folded_ = std::move(groups); }
-  /// Unfolds the group that contains a control.
-  void bringOut(const QWidget& control);
 
  signals:
   void suggestionTaken(const tovak::selection::Suggestion& suggestion);
@@ -67,8 +61,6 @@ class PreviewPanel : public QWidget {
   QTableView* table_ = nullptr;
   QPlainTextEdit* target_ = nullptr;
   PlanWidget* plan_ = nullptr;
-  QCheckBox* showGroups_ = nullptr;
-  std::vector<QWidget*> folded_;
   std::string targetText_;
 };
 

@@ -88,12 +88,18 @@ std::unique_ptr<tovak::ui::frmTovak> makeMain(const tovak::run::RunSettings& set
   return std::make_unique<tovak::ui::frmTovak>(start);
 }
 
-/// The points on the plan, with all the room there is for them.
+/// The points on the plan.
 std::unique_ptr<QWidget> makePlan() {
   std::unique_ptr<tovak::ui::frmTovak> window = makeMain(exampleSettings());
   window->findChild<QTabWidget*>("previewTabs")->setCurrentIndex(1);
-  window->findChild<QCheckBox*>("chkShowOptions")->setChecked(false);
   return window;
+}
+
+/// Options and report unfolded, as they are when one of them is not as usual.
+std::unique_ptr<QWidget> makeMore() {
+  tovak::run::RunSettings settings = exampleSettings();
+  settings.adjustment = tovak::run::Adjustment::Nad83_2011;
+  return makeMain(settings);
 }
 
 /// The sample's angles read in the wrong form.
@@ -161,6 +167,7 @@ std::unique_ptr<QWidget> makeOptions() {
 // picture.
 constexpr Picture kPictures[] = {
     {"main", [](const QString&) -> std::unique_ptr<QWidget> { return makeMain(exampleSettings()); }},
+    {"main_more", [](const QString&) { return makeMore(); }},
     {"main_plan", [](const QString&) { return makePlan(); }},
     {"main_suggestions", [](const QString&) { return makeSuggestions(); }},
     {"main_database", [](const QString&) { return makeDatabase(); }},

@@ -71,10 +71,11 @@ frmTovak::frmTovak(const app::WindowStart& start, QWidget* parent)
   connectJobs();
   if (start.job) beginJob();
   setRunning(false);
+  showMore(false);
+  form_->cmdMore->setChecked(unusualOptions_);
   refresh();
   form_->lstSourceFormat->setFocus();
-  // On a small or strongly scaled screen, the groups scroll.
-  resize(size().boundedTo(screen()->availableSize()));
+  resize(sizeWithoutScrolling().boundedTo(screen()->availableSize()));
 }
 
 frmTovak::~frmTovak() = default;
@@ -254,7 +255,7 @@ void frmTovak::execute() {
   selection::takeBack(selections_, settings);
   refresh();
   if (auto* const faulty = focus.empty() ? nullptr : findChild<QWidget*>(toQString(focus))) {
-    form_->preview->bringOut(*faulty);
+    bringOut(*faulty);
     faulty->setFocus();
   }
   if (recordsRead(result.counts) == 0) return;
@@ -273,7 +274,8 @@ void frmTovak::setRunning(bool running) {
   for (QWidget* const part : {static_cast<QWidget*>(form_->grpSource), static_cast<QWidget*>(form_->grpTarget),
                               static_cast<QWidget*>(form_->grpOptions), static_cast<QWidget*>(form_->grpReport),
                               static_cast<QWidget*>(form_->preview), static_cast<QWidget*>(form_->menubar),
-                              static_cast<QWidget*>(form_->cmdExecute), static_cast<QWidget*>(form_->cmdClose)}) {
+                              static_cast<QWidget*>(form_->cmdExecute), static_cast<QWidget*>(form_->cmdClose),
+                              static_cast<QWidget*>(form_->cmdSwap), static_cast<QWidget*>(form_->cmdMore)}) {
     part->setEnabled(!running);
   }
   form_->lblProgress->clear();

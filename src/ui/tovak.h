@@ -54,6 +54,7 @@ class frmTovak : public QMainWindow {
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -91,6 +92,11 @@ class frmTovak : public QMainWindow {
   void refreshDatabase();
   void showAllGroups();
   void refreshEnabled();
+  void refreshMore();
+  void showMore(bool shown);
+  void bringOut(QWidget& control);
+  void arrangeSides();
+  QSize sizeWithoutScrolling() const;
   void showSystem(const SideWidgets& side);
   QString projectionProblem(std::int16_t code, const QString& name);
   void followProject();
@@ -105,6 +111,7 @@ class frmTovak : public QMainWindow {
   void editLayouts(formats::delimited::EditorPurpose purpose);
   void typeProjection(const SideWidgets& side, const QString& text);
   void chooseSystem(const SideWidgets& side);
+  void exchangeSides();
   bool browse(const SideWidgets& side);
   void browseReport();
   /// Prints or previews a report file that the person chooses.
@@ -159,6 +166,7 @@ class frmTovak : public QMainWindow {
   QString jobFile_;                   ///< of the open job; empty without one
   std::string keptJob_;               ///< the text of the selections when it was opened or saved
   bool running_ = false;
+  bool unusualOptions_ = false;  ///< whether options or report were unusual when they were last looked at
   QTimer previewTimer_;
   std::vector<PlanArea> shownAreas_;  ///< in the plan, with these codes as source and target
   std::pair<std::int16_t, std::int16_t> shownCodes_;

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
+#include <QToolButton>
 #include <algorithm>
 #include <utility>
 
@@ -52,6 +53,10 @@ void frmTovak::connectSide(SideWidgets& side) {
   connect(side.file, &QLineEdit::textEdited, this, [this, &side](const QString& text) {
     selection::nameFile(selections_, side.side, text.toStdString());
     schedulePreview();
+  });
+  // The box may be too narrow for the name.
+  connect(side.file, &QLineEdit::textChanged, this, [&side, tip = side.file->toolTip()](const QString& name) {
+    side.file->setToolTip(name.isEmpty() ? tip : plainTip(name + "\n" + tip));
   });
   connect(side.browse, &QPushButton::clicked, this, [this, &side] { browse(side); });
   side.file->installEventFilter(this);
@@ -121,6 +126,8 @@ void frmTovak::connectReport() {
 
 void frmTovak::connectMenus() {
   const Ui::frmTovak& f = *form_;
+  connect(f.cmdSwap, &QToolButton::clicked, this, &frmTovak::exchangeSides);
+  connect(f.cmdMore, &QToolButton::toggled, this, &frmTovak::showMore);
   connect(f.cmdExecute, &QPushButton::clicked, this, &frmTovak::execute);
   connect(f.cmdClose, &QPushButton::clicked, this, &QWidget::close);
   // A status line too long for the window can be read in its tool tip.

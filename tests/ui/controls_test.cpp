@@ -166,6 +166,9 @@ TEST_F(Controls, ChangeTheirSettingAndTheRun) {
       {"txtSourceFile", typed(other), "sourceFile=other.csv", "47.000,-91.250,DALE"},
       {"cmdSourceBrowse", browsed("other.csv"), "sourceFile=other.csv", "47.000,-91.250,DALE"},
       {"mnuFileOpen", browsed("other.csv"), "sourceFile=other.csv", "47.000,-91.250,DALE"},
+      {"cmdSwap", pressedAfter("ChkSuppress"),
+       "report=0 source=4 sourceCode=4 sourceFile=out.csv target=0 targetCode=0 targetFile=in.csv",
+       "in.csv\nexists already. Do you want to replace it?"},
       {"lstTargetFormat", pick(run::target::GeopakXy), "targetFormat=14", "STO POI 1  X -91.250  Y 46.500"},
       {"lstTargetLayout", pick(1), "targetLayout=Own", "\n1;46.500;-91.250\n"},
       {"cmdTargetLayout", ownLayout, "targetLayout=Own", "\n1;46.500;-91.250\n"},
@@ -212,7 +215,7 @@ TEST_F(Controls, ChangeTheirSettingAndTheRun) {
       "lstHorizontal",   "lstCsvVertical",  "lstCsvZone",       "txCsvtSrcFile",  // of the database
       "mnuFileOpenJob",  "mnuFileSaveJob",  "mnuFileSaveJobAs", "mnuFileCommand", "cmdExecute",
       "mnuFileExecute",  "cmdClose",        "mnuFileExit",      "mnuFilePrint",   "mnuFilePreview",
-      "mnuToolsLayouts", "mnuHelpContents", "mnuHelpAbout",     "chkTargetText",  "chkShowOptions"};
+      "mnuToolsLayouts", "mnuHelpContents", "mnuHelpAbout",     "chkTargetText",  "cmdMore"};
   for (const auto& c : cases) known.insert(c.control);
   open();
   for (const QObject* const part :

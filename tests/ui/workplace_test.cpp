@@ -1,6 +1,8 @@
 // What the main window shows before a run, compared with what the run then does: with the conversion engine itself. The
 // point is a control point computed outside this program.
 #include <QPlainTextEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTableView>
 
@@ -113,14 +115,47 @@ TEST_F(Workplace, SelectsAPointInTableAndPlan) {
   EXPECT_EQ(table.currentIndex().row(), 0);
 }
 
-TEST_F(Workplace, GivesTheRoomOfTheOptionsAwayAndBack) {
+TEST_F(Workplace, FoldsUsualOptionsAndTheReportAway) {
   start.settings.reportEnabled = true;
   show(kPoints, "4M", "0");
-  click("chkShowOptions");
-  EXPECT_FALSE(visible("grpOptions") || visible("grpReport"));
+  EXPECT_FALSE(visible("grpOptions") || visible("grpReport") || visible("frameLLfmt"));
   // The run complains about a box that is folded away.
   click("cmdExecute");
   EXPECT_TRUE(visible("txtPrintFile"));
+  // The file's first line brings an adjustment; what the person folds away then stays so.
+  click("cmdMore");
+  EXPECT_FALSE(visible("grpOptions"));
+  drop("grpSource", folder.write("own.csv", "$Tovak#0-2011$ NAD83(2011)  (Feet)\n455540.47374,-925313.81255,A,1,,\n"));
+  EXPECT_TRUE(visible("adj11btn") && checked("adj11btn") && visible("frameLLfmt"));
+  click("cmdMore");
+  click("btnDD");
+  EXPECT_FALSE(visible("grpOptions"));
+}
+
+/// Nothing is below or beside the edge of the window, whatever size of letters.
+TEST_F(Workplace, OpensWithoutScrolling) {
+  const QFont usual = QApplication::font();
+  for (const int points : {10, 11}) {
+    QFont font = usual;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+    show(kPoints, "0", "4M");
+    const auto& area = widget<QScrollArea>("scrollArea");
+    EXPECT_FALSE(area.verticalScrollBar()->isVisible() || area.horizontalScrollBar()->isVisible()) << points;
+  }
+  QApplication::setFont(usual);
+}
+
+TEST_F(Workplace, ReadsBackWhatItWroteAfterASwap) {
+  show(kPoints, "4M", "0");
+  click("cmdExecute");
+  std::filesystem::remove(folder.file("in.csv"));
+  click("cmdSwap");
+  QApplication::processEvents();
+  EXPECT_TRUE(verdict().startsWith("2 of 2 records would be converted")) << verdict().toStdString();
+  click("cmdExecute");
+  const std::string back = tests::contentsOf(folder.file("in.csv"));
+  EXPECT_TRUE(back.find("\n384833.340,914678.821,BEACON HILL,102,") != std::string::npos) << back;
 }
 
 }  // namespace
