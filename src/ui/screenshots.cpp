@@ -142,10 +142,7 @@ std::unique_ptr<QWidget> makeDatabase() {
   return window;
 }
 
-std::unique_ptr<QWidget> makeOutput() {
-  auto grid = std::make_unique<tovak::ui::frmTovakOutput>(exampleSettings());
-  grid->setDescriptions("Latitude and Longitude, NAD83 : NAD83", "State plane South, NAD83 : NAD83");
-  grid->startGrid();
+tovak::run::PointRecord examplePoint() {
   tovak::run::PointRecord point;
   point.pointNumber = "101";
   point.description = "Alder Bridge";
@@ -154,7 +151,14 @@ std::unique_ptr<QWidget> makeOutput() {
   point.Elevation = 912.482;
   engine()->TovakVert(point.InNorthLat, point.InEastLon, point.Elevation, "0", point.OutNorthLat, point.OutEastLon,
                       point.Elevation, "4", point.OutInfo);
-  grid->addRow(point);
+  return point;
+}
+
+std::unique_ptr<QWidget> makeOutput() {
+  auto grid = std::make_unique<tovak::ui::frmTovakOutput>(exampleSettings());
+  grid->setDescriptions("Latitude and Longitude, NAD83 : NAD83", "State plane South, NAD83 : NAD83");
+  grid->startGrid();
+  grid->addRow(examplePoint());
   return grid;
 }
 
@@ -177,8 +181,13 @@ constexpr Picture kPictures[] = {
      }},
     {"keyboard",
      [](const QString&) -> std::unique_ptr<QWidget> {
-       return std::make_unique<tovak::ui::frmTovakInput>(
+       auto dialog = std::make_unique<tovak::ui::frmTovakInput>(
            tovak::ui::entryLabels(exampleSettings(), "Latitude and Longitude, NAD83"));
+       dialog->findChild<QLineEdit*>("txtPointNumber")->setText("101");
+       dialog->findChild<QLineEdit*>("txtLatNorthY")->setText("48.946947603");
+       dialog->findChild<QLineEdit*>("txtLongEastX")->setText("-95.790044250");
+       dialog->showResult(tovak::ui::entryResult(examplePoint(), exampleSettings(), "State plane South, NAD83"));
+       return dialog;
      }},
     {"output", [](const QString&) { return makeOutput(); }},
     {"delimited_formats",
