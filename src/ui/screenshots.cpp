@@ -177,7 +177,8 @@ constexpr Picture kPictures[] = {
     {"main_database", [](const QString&) { return makeDatabase(); }},
     {"systems",
      [](const QString&) -> std::unique_ptr<QWidget> {
-       return std::make_unique<tovak::ui::frmTovakSystems>(*engine(), exampleSettings().TargetProjectionCode, nullptr);
+       return std::make_unique<tovak::ui::frmTovakSystems>(*engine(), exampleSettings().TargetProjectionCode, "county",
+                                                           nullptr);
      }},
     {"keyboard",
      [](const QString&) -> std::unique_ptr<QWidget> {

@@ -10,9 +10,12 @@
 
 #include "run/account_lines.h"
 #include "run/conversion_run.h"
+#include "run/projection_box.h"
+#include "run/projection_code.h"
 #include "run/run_messages.h"
 #include "run/system_data.h"
 #include "selection/suggestions.h"
+#include "ui/help_key.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui/system_list.h"
@@ -145,8 +148,10 @@ void frmTovak::typeProjection(const SideWidgets& side, const QString& text) {
   followProject();
   if (settingsOf(side.side).metres != metres) shown = toQString(settingsOf(side.side).projectionText);
   if (shown != text) side.projection->setText(shown);
-  const qsizetype mark = shown.indexOf('M', 0, Qt::CaseInsensitive);
-  if (mark >= 0) side.projection->setCursorPosition(static_cast<int>(mark));
+  // What is typed goes before the mark of metres; an "m" of a name is none.
+  const bool named = run::namesSystem(text.toStdString());
+  const qsizetype mark = named && shown != text ? shown.size() - 1 : shown.indexOf('M', 0, Qt::CaseInsensitive);
+  if (mark >= 0 && (!named || shown != text)) side.projection->setCursorPosition(static_cast<int>(mark));
   (settingsOf(side.side).metres ? side.metric : side.english)->setChecked(true);
   showSystem(side);
   refreshOptions();
@@ -155,7 +160,13 @@ void frmTovak::typeProjection(const SideWidgets& side, const QString& text) {
 }
 
 void frmTovak::chooseSystem(const SideWidgets& side) {
-  frmTovakSystems list(engine_, selection::projectionBox(selections_, side.side).code, this);
+  const run::ProjectionBox box = selection::projectionBox(selections_, side.side);
+  QString search;
+  if (box.code == run::kNoProjection) {
+    search = side.projection->text();
+    if (box.metres && search.endsWith('M')) search.chop(1);
+  }
+  frmTovakSystems list(engine_, box.code, search, this);
   if (list.exec() != QDialog::Accepted || !list.code()) return;
   selection::pickProjection(selections_, side.side, *list.code());
   refresh();
@@ -220,7 +231,7 @@ void frmTovak::openProject() {
 }
 
 void frmTovak::openHelp() {
-  if (help_ == nullptr) help_ = std::make_unique<HelpWindow>(QApplication::applicationDirPath() + "/Tovak.hlp");
+  if (help_ == nullptr) help_ = std::make_unique<HelpWindow>(helpFile());
   QString problem;
   if (!help_->open(&problem)) showMessage(this, run::systemMessage(problem.toStdString()));
 }

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "run/projection_box.h"
 #include "ui/qt_text.h"
 #include "ui/report_printing.h"
 #include "ui/tovak.h"
@@ -42,6 +43,9 @@ void frmTovak::connectSide(SideWidgets& side) {
   });
   connect(side.projection, &QLineEdit::textEdited, this,
           [this, &side](const QString& text) { typeProjection(side, text); });
+  connect(side.projection, &QLineEdit::returnPressed, this, [this, &side] {
+    if (run::namesSystem(side.projection->text().toStdString())) chooseSystem(side);
+  });
   connect(side.projection, &QLineEdit::editingFinished, this, [this, &side] { refreshSide(side); });
   connect(side.choose, &QPushButton::clicked, this, [this, &side] { chooseSystem(side); });
   for (QRadioButton* const button : {side.english, side.metric}) {

@@ -7,6 +7,7 @@
 #include "run/projection_code.h"
 #include "text/number.h"
 #include "text/strings.h"
+#include "ui/help_key.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui_tovak_input.h"
@@ -58,6 +59,7 @@ QString entryResult(const run::PointRecord& point, const run::RunSettings& setti
 frmTovakInput::frmTovakInput(const EntryLabels& labels, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakInput>()) {
   ui_->setupUi(this);
+  helpOnF1(*this, "s-keyboard");
   latLong_ = labels.latLong;
   first_ = ui_->txtPointNumber;
   // There is room for a result from the beginning.

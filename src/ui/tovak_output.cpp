@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "ui/help_key.h"
 #include "ui_tovak_output.h"
 
 namespace tovak::ui {
@@ -22,6 +23,7 @@ constexpr int kLastColumn = OutputRows::kColumns - 1;
 frmTovakOutput::frmTovakOutput(const run::RunSettings& settings, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakOutput>()), rows_(settings), mnuPopUp_(new QMenu(this)) {
   ui_->setupUi(this);
+  helpOnF1(*this, "t-screen");
   resize(size().boundedTo(screen()->availableSize()));
   QTableView* const grid = ui_->msfgOutput;
   grid->setModel(&rows_);

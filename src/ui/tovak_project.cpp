@@ -6,6 +6,7 @@
 #include "run/projection_box.h"
 #include "run/projection_code.h"
 #include "run/run_messages.h"
+#include "ui/help_key.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui_tovak_project.h"
@@ -16,6 +17,7 @@ frmTovakProject::frmTovakProject(run::ConversionEngine& engine, QWidget* parent,
                                  const std::optional<run::UserProject>& ofJob)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakProject>()), engine_(engine) {
   ui_->setupUi(this);
+  helpOnF1(*this, "project");
   resize(size().boundedTo(screen()->availableSize()));
   load(ofJob);
   connect(ui_->txtProjectName, &QLineEdit::textChanged, this, &frmTovakProject::check);

@@ -302,6 +302,25 @@ TEST_F(Controls, KeepTheUnitOfANumberThatIsTypedOver) {
   EXPECT_EQ(window->focusWidget(), &widget<QLineEdit>("txtSourceProjection"));
 }
 
+TEST_F(Controls, SearchForASystemThatIsTypedByName) {
+  for (const bool metres : {false, true}) {
+    reopen();
+    auto& box = widget<QLineEdit>("txtSourceProjection");
+    if (metres) click("btnSourceMetric");
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClicks(&box, "transm nad8");
+    dialogs.expect("frmTovakSystems", [](QDialog& list) {
+      EXPECT_EQ(tests::box(list, "txtSearch").text(), "transm nad8");
+      tests::box(list, "txtSearch").setText("trans");
+      list.accept();
+    });
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_TRUE(dialogs.finished());
+    EXPECT_EQ(box.text(), metres ? "1M" : "1");
+  }
+}
+
 TEST_F(Controls, AnswerWhereTheyApply) {
   const auto answering = [this] {
     std::string names;
