@@ -8,9 +8,11 @@
 #include <QMessageBox>
 #include <QPalette>
 #include <QPlainTextEdit>
+#include <QPrinter>
 #include <QPushButton>
 #include <QStyleFactory>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
@@ -19,11 +21,15 @@
 
 #include "formats/delimited/built_in_formats.h"
 #include "formats/format_tables.h"
+#include "report/report_writer.h"
+#include "run/conversion_run.h"
 #include "run/engine_loader.h"
 #include "run/format_index.h"
 #include "run/module_loader.h"
 #include "run/usual_areas.h"
+#include "selection/selections.h"
 #include "ui/help_window.h"
+#include "ui/report_preview.h"
 #include "ui/system_list.h"
 #include "ui/tovak.h"
 #include "ui/tovak_about.h"
@@ -162,6 +168,31 @@ std::unique_ptr<QWidget> makeOutput() {
   return grid;
 }
 
+/// A report of the sample's points.
+std::unique_ptr<QWidget> makeReport() {
+  class Silent final : public tovak::run::Person {
+    void show(const tovak::run::Message& /*message*/) override {}
+    bool confirm(const tovak::run::Message& /*question*/) override { return true; }
+    bool leaveBatchMode() override { return true; }
+    bool chooseTargetOptions(tovak::run::TargetOptions /*options*/) override { return true; }
+  };
+  static const QTemporaryDir folder;
+  tovak::run::FormatTables tables = tovak::formats::formatTables();
+  tovak::run::RunSettings settings = exampleSettings();
+  settings.targetFormat = tovak::run::target::ScreenOnly;
+  settings = tovak::selection::runSettings(tovak::selection::selectionsFrom(settings, tables), tables);
+  settings.sourceDelimited = tovak::formats::delimited::standardFormat();
+  settings.reportEnabled = true;
+  settings.reportFileName = folder.filePath("Tovak11-21-2026.rpt").toStdString();
+  tables.report = {tovak::report::makeReportWriter, "1.0.0", [] { return tovak::text::Date{2026, 11, 21}; }};
+  Silent person;
+  tovak::run::convert(settings, *engine(), tables, {.person = person});
+  static tovak::report::ReportSheets sheets(settings.reportFileName);
+  static QPrinter printer(QPrinter::HighResolution);
+  if (!sheets.open()) return nullptr;
+  return std::make_unique<tovak::ui::frmTovakReport>(printer, sheets, nullptr);
+}
+
 template <typename Dialog>
 std::unique_ptr<QWidget> makeOptions() {
   return std::make_unique<Dialog>(exampleSettings(), nullptr);
@@ -191,6 +222,7 @@ constexpr Picture kPictures[] = {
        return dialog;
      }},
     {"output", [](const QString&) { return makeOutput(); }},
+    {"report_preview", [](const QString&) { return makeReport(); }},
     {"delimited_formats",
      [](const QString&) { return makeEditor(tovak::formats::delimited::EditorPurpose::InputFile); }},
     {"numbering", [](const QString&) { return makeOptions<tovak::ui::frmTovakDefPtNo>(); }},

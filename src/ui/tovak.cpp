@@ -196,11 +196,11 @@ void frmTovak::browseReport() {
   refresh();
 }
 
-void frmTovak::openReport(void (*use)(QWidget*, report::ReportSheets&)) {
+void frmTovak::openReport(const QString& title, void (*use)(QWidget*, report::ReportSheets&)) {
   const QFileInfo current(toQString(selections_.run.reportFileName));
   const bool there = current.isFile();
-  const QString name = askForFile(this, tr("Report File to Print"), there ? current.absolutePath() : folder_, false,
-                                  there ? current.fileName() : QString());
+  const QString name =
+      askForFile(this, title, there ? current.absolutePath() : folder_, false, there ? current.fileName() : QString());
   if (name.isEmpty()) return;
   report::ReportSheets sheets(name.toStdString());
   use(this, sheets);

@@ -115,7 +115,7 @@ class frmTovak : public QMainWindow {
   bool browse(const SideWidgets& side);
   void browseReport();
   /// Prints or previews a report file that the person chooses.
-  void openReport(void (*use)(QWidget*, report::ReportSheets&));
+  void openReport(const QString& title, void (*use)(QWidget*, report::ReportSheets&));
   void takeSourceFile(const QString& name);
   bool acceptDrop(QDropEvent* event, selection::Side side);
   void dropFile(selection::Side side, const QString& name);

@@ -142,8 +142,9 @@ void frmTovak::connectMenus() {
   connect(f.mnuFileSourceLayout, &QAction::triggered, f.cmdSourceLayout, &QPushButton::click);
   connect(f.mnuFileTargetLayout, &QAction::triggered, f.cmdTargetLayout, &QPushButton::click);
   connect(f.mnuFileExecute, &QAction::triggered, this, &frmTovak::execute);
-  connect(f.mnuFilePrint, &QAction::triggered, this, [this] { openReport(printReport); });
-  connect(f.mnuFilePreview, &QAction::triggered, this, [this] { openReport(previewReport); });
+  connect(f.mnuFilePrint, &QAction::triggered, this, [this] { openReport(tr("Report File to Print"), printReport); });
+  connect(f.mnuFilePreview, &QAction::triggered, this,
+          [this] { openReport(tr("Report File to Preview"), previewReport); });
   connect(f.mnuFileExit, &QAction::triggered, this, &QWidget::close);
   connect(f.mnuToolsNumbering, &QAction::triggered, this, &frmTovak::openOptions<frmTovakDefPtNo>);
   connect(f.mnuToolsLayouts, &QAction::triggered, this,
