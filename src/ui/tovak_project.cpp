@@ -60,8 +60,21 @@ void frmTovakProject::check() {
     }
   }
   datum_ = run::toldDatum(told);
+  if (followUnit(run::toldFeet(told))) return;
   ui_->lblWhereabouts->setText(toQString(told));
   ui_->cmdStore->setEnabled(usable);
+}
+
+/// A definition in feet brings its unit along; one that takes its place gives back the choice, and what was chosen
+/// before. True when the unit has changed and everything was told anew.
+bool frmTovakProject::followUnit(bool feet) {
+  if (feet == definitionInFeet_) return false;
+  definitionInFeet_ = feet;
+  ui_->btnProjectMetric->setEnabled(!feet);
+  if (feet) chosenMetres_ = ui_->btnProjectMetric->isChecked();
+  if (!chosenMetres_) return false;
+  (feet ? ui_->btnProjectEnglish : ui_->btnProjectMetric)->setChecked(true);
+  return true;
 }
 
 void frmTovakProject::store() {
