@@ -15,14 +15,14 @@ QString helpFile() {
 
 void helpOnF1(QDialog& dialog, const char* anchor) {
   const auto* const key = new QShortcut(QKeySequence::HelpContents, &dialog);
-  QObject::connect(key, &QShortcut::activated, &dialog, [&dialog, anchor] {
-    auto* help = dialog.findChild<HelpWindow*>();
-    if (help == nullptr) help = new HelpWindow(helpFile(), &dialog);
-    QString problem;
-    if (!help->open(&problem))
-      return static_cast<void>(showMessage(&dialog, run::systemMessage(problem.toStdString())));
-    help->showTopic(anchor);
-  });
+  QObject::connect(key, &QShortcut::activated, &dialog,
+                   [&dialog, anchor, help = static_cast<HelpWindow*>(nullptr)]() mutable {
+                     if (help == nullptr) help = new HelpWindow(helpFile(), &dialog);
+                     QString problem;
+                     if (!help->open(&problem))
+                       return static_cast<void>(showMessage(&dialog, run::systemMessage(problem.toStdString())));
+                     help->showTopic(anchor);
+                   });
 }
 
 }  // namespace tovak::ui

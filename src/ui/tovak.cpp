@@ -10,6 +10,7 @@
 
 #include "run/account_lines.h"
 #include "run/conversion_run.h"
+#include "run/format_index.h"
 #include "run/projection_box.h"
 #include "run/projection_code.h"
 #include "run/run_messages.h"
@@ -97,6 +98,12 @@ void frmTovak::fillLists() {
     form_->lstSourceFormat->addItem(toQString(format.name));
   for (const run::TargetFormat& format : start_.formatTables.targets)
     form_->lstTargetFormat->addItem(toQString(format.name));
+  // Nobody has published the layout of these files.
+  const std::pair<QComboBox*, int> unavailable[] = {{form_->lstSourceFormat, run::source::KrvBatch},
+                                                    {form_->lstTargetFormat, run::target::KrvBatch}};
+  for (const auto& [list, index] : unavailable)
+    list->setItemData(index, tr("%1 (not available)").arg(list->itemText(index)), Qt::ToolTipRole);
+  for (SideWidgets& side : sides_) side.formatTip = side.format->toolTip();
   for (const char* const accuracy : kAccuracies) form_->lstAccuracy->addItem(accuracy);
   for (QComboBox* const list : findChildren<QComboBox*>()) {
     // Otherwise the wheel would move the focus to the list and change its choice.

@@ -73,6 +73,7 @@ class frmTovak : public QMainWindow {
     QRadioButton* metric;
     QLineEdit* file;
     QPushButton* browse;
+    QString formatTip = {};
     bool numberSelected = false;  ///< in the projection box: what is typed next replaces a number
   };
 

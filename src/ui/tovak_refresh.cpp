@@ -46,6 +46,8 @@ void frmTovak::refreshSide(const SideWidgets& side) {
   const run::RunSettings& settings = selections_.run;
   const run::SideSettings& ofSide = settingsOf(side.side);
   side.format->setCurrentIndex(side.side == Side::Source ? settings.sourceFormat : settings.targetFormat);
+  const QString ownTip = side.format->currentData(Qt::ToolTipRole).toString();
+  side.format->setToolTip(plainTip(ownTip.isEmpty() ? side.formatTip : ownTip));
   if (side.projection->text() != toQString(ofSide.projectionText))
     side.projection->setText(toQString(ofSide.projectionText));
   (ofSide.metres ? side.metric : side.english)->setChecked(true);

@@ -7,6 +7,7 @@
 #include "report/report_writer.h"
 #include "support/row.h"
 #include "ui/main_window.h"
+#include "ui/qt_text.h"
 
 namespace tovak::ui {
 namespace {
@@ -337,6 +338,8 @@ TEST_F(Controls, AnswerWhereTheyApply) {
             "frameLLfmt frameAdjustment frameVertical frameNumbering ChkSuppress frameReport txtDescription ");
   choose("lstTargetFormat", run::target::KrvBatch);
   EXPECT_EQ(chosen("lstSourceFormat"), run::source::KrvBatch);
+  EXPECT_EQ(widget<QWidget>("lstSourceFormat").toolTip(), plainTip("KRV Batch Input File (not available)"));
+  EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentText(), "KRV Batch Input File");
   EXPECT_EQ(answering(), "frameSourceFile frameTargetFile frameTargetUnits ");
   start.settings.reportEnabled = false;
   start.settings.sourceFormat = run::source::Keyboard;

@@ -6,6 +6,8 @@
 #include <QTabWidget>
 #include <QTableView>
 
+#include <sys/stat.h>
+
 #include "run/engine_loader.h"
 #include "support/environment.h"
 #include "ui/main_window.h"
@@ -156,6 +158,21 @@ TEST_F(Workplace, ReadsBackWhatItWroteAfterASwap) {
   click("cmdExecute");
   const std::string back = tests::contentsOf(folder.file("in.csv"));
   EXPECT_TRUE(back.find("\n384833.340,914678.821,BEACON HILL,102,") != std::string::npos) << back;
+}
+
+TEST_F(Workplace, LooksIntoOrdinaryFilesOnly) {
+  const std::string fifo = folder.file("fifo");
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  for (const std::string& name : {fifo, std::string("/dev/zero"), std::string("/dev/tty")}) {
+    show(kPoints, "4M", "0");
+    type("txtSourceFile", name.c_str());
+    QApplication::processEvents();
+    EXPECT_EQ(verdict().toStdString(), name + " is no ordinary file and is not looked into.");
+    drop("grpSource", name);
+    click("cmdSwap");
+    QApplication::processEvents();
+    EXPECT_EQ(widget<QTableView>("previewTable").model()->rowCount(), 0);
+  }
 }
 
 }  // namespace
