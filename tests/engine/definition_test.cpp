@@ -35,27 +35,19 @@ TEST_F(Definition, BecomesTheBareProjection) {
       Row("EPSG:26915", kUtm), Row("  epsg:26715 ", "+proj=utm +zone=15 +ellps=clrk66"),
       Row(wkt("6378137,298.257222101", "0", R"(UNIT["metre",1])"), tmerc + "GRS80"),
       // The older figure is often cut off, and a zone may put the northing first.
-      Row(wkt("6378206.4,294.9786982", "0", R"(UNIT["metre",1],AXIS["N",NORTH],AXIS["E",EAST])"), tmerc + "clrk66")};
+      Row(wkt("6378206.4,294.9786982", "0", R"(UNIT["metre",1],AXIS["N",NORTH],AXIS["E",EAST])"), tmerc + "clrk66"),
+      // Coordinates in U.S. survey feet; the origin in metres is by projinfo.
+      Row(kUtm + std::string(" +units=us-ft"), kUtm),
+      Row(wkt("6378137,298.257222101", "0", R"(UNIT["Foot_US",0.304800609601219])"),
+          "+proj=tmerc +lat_0=45 +lon_0=-93 +k=1 +x_0=152.40030480061 +y_0=30.4800609601219 +ellps=GRS80")};
   for (const auto& [definition, parameters] : cases) {
     const text::Result<Parameters> read = readDefinition(context.get(), definition, std::nullopt);
     ASSERT_TRUE(read) << definition << ": " << read.error;
     EXPECT_EQ(read->list, parameters);
+    EXPECT_EQ(read->feet, definition.ends_with("us-ft") || definition.find("Foot_US") != std::string::npos);
     EXPECT_EQ(read->datum, parameters.ends_with("GRS80") ? Datum::nad83 : Datum::nad27);
   }
   EXPECT_EQ(readDefinition(context.get(), "+proj=utm +zone=15", Datum::nad83)->list, kUtm);
-}
-
-TEST_F(Definition, MayBeInSurveyFeet) {
-  for (const auto& [definition, feet] :
-       {std::pair{std::string("EPSG:26851"), true},
-        {wkt("6378137,298.257222101", "0", R"(UNIT["Foot_US",0.304800609601219])"), true},
-        {"+proj=utm +zone=15 +ellps=GRS80 +units=us-ft", true},
-        {"+proj=utm +zone=15 +ellps=GRS80 +units=m", false}}) {
-    const text::Result<Parameters> read = readDefinition(context.get(), definition, std::nullopt);
-    ASSERT_TRUE(read) << definition << ": " << read.error;
-    EXPECT_EQ(read->feet, feet) << definition;
-    EXPECT_EQ(read->list.find("us-ft"), std::string::npos);
-  }
 }
 
 TEST_F(Definition, IsRefusedWithAReason) {
