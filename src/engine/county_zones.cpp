@@ -142,6 +142,8 @@ text::Result<std::vector<CoordinateSystem>> countySystems(pj_ctx* context, const
   std::vector<CoordinateSystem> systems;
   for (const CatalogueZone& zone : zones) {
     text::Result<Parameters> read = readDefinition(context, zone.definition, zone.datum);
+    // A zone has both units; the person chooses.
+    if (read && read->feet) read = text::Result<Parameters>::failure("its unit is not the metre");
     if (!read) {
       const std::string reason = "the definition cannot be used: " + read.error;
       return Systems::failure(text::faultAtLine(fileName, zone.line, reason));

@@ -30,11 +30,19 @@ bool isAuthorityAndCode(std::string_view definition) {
          std::ranges::all_of(definition.substr(colon + 1), isCodeCharacter);
 }
 
+/// The unit that a system's coordinates are converted to behind the projection: the name of PROJ's.
+std::string_view unitAfter(std::string_view step) {
+  constexpr std::string_view kFromMetres = "+proj=unitconvert +xy_in=m +xy_out=";
+  return step.starts_with(kFromMetres) ? step.substr(kFromMetres.size()) : std::string_view();
+}
+
 /// The one map projection among the steps from latitude and longitude to northing and easting. Before it, PROJ orders
-/// the angles and turns them into radians, and after it, it may order the axes; any other step would be lost.
+/// the angles and turns them into radians, and after it, it may order the axes and turn metres into U.S. survey feet
+/// (then "+units=us-ft" is added); any other step would be lost.
 std::string projectionStep(std::string_view pipeline, std::string& reason) {
   constexpr std::string_view kStep = "+step ";
   std::string projection;
+  bool feet = false;
   pipeline.remove_prefix(std::min(pipeline.find(kStep), pipeline.size()));
   while (!pipeline.empty()) {
     pipeline.remove_prefix(kStep.size());
@@ -42,8 +50,12 @@ std::string projectionStep(std::string_view pipeline, std::string& reason) {
     pipeline.remove_prefix(std::min(pipeline.find(kStep), pipeline.size()));
     const bool unit = step.starts_with("+proj=unitconvert ");
     if (step == "+proj=axisswap +order=2,1" || (unit && projection.empty())) continue;
+    if (unit && unitAfter(step) == "us-ft" && !feet) {
+      feet = true;
+      continue;
+    }
     if (unit) {
-      reason = "its unit is not the metre";
+      reason = "its unit is " + refusedUnit(unitAfter(step));
     } else if (!projection.empty() || !step.starts_with("+proj=")) {
       reason = "it is more than a map projection from the meridian of Greenwich";
     }
@@ -51,7 +63,7 @@ std::string projectionStep(std::string_view pipeline, std::string& reason) {
     projection = step;
   }
   if (projection.empty()) reason = "PROJ has no map projection for it";
-  return projection;
+  return feet ? projection + " +units=us-ft" : projection;
 }
 
 /// PROJ's parameters for a system of its database or in WKT.

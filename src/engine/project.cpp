@@ -62,6 +62,9 @@ ProjectResult makeProject(pj_ctx* context, const run::UserProject& stored, const
   if (!stored.datum.empty() && stored.datum != nameOf(datum)) {
     return {std::nullopt, withoutTildes(from + ": the definition is on " + std::string(nameOf(datum)))};
   }
+  if (definition->feet && stored.metres) {
+    return {std::nullopt, withoutTildes(from + ": the definition is in U.S. survey feet")};
+  }
   const std::string name = "User-defined project " + stored.name + ", ";
   return {Project{.name = stored.name,
                   .unit = run::unitOf(stored.metres),
@@ -81,6 +84,10 @@ ProjectCheck checkProject(pj_ctx* context, std::string_view definition, run::Len
   const FalseOrigin origin = falseOrigin(read->list);
   std::string text(run::kToldDatum);
   text += nameOf(read->datum);
+  if (read->feet) {
+    unit = run::LengthUnit::usSurveyFeet;
+    (text += '\n') += run::kToldFeet;
+  }
   text += "\nFalse origin, " +
           whereabouts(projection.get(), {.northing = origin.northing, .easting = origin.easting}, unit);
   text += "\nZero point, " + whereabouts(projection.get(), {}, unit);

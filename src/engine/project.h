@@ -42,6 +42,7 @@ struct ProjectCheck {
   std::string text;
 };
 
+/// `unit` is what the lines give lengths in, unless the definition itself is in U.S. survey feet.
 ProjectCheck checkProject(pj_ctx* context, std::string_view definition, run::LengthUnit unit);
 
 }  // namespace tovak::engine

@@ -54,8 +54,10 @@ bool isWord(std::string_view value) {
   });
 }
 
-bool isMetre(std::string_view value) {
-  return value == "m";
+constexpr std::string_view kSurveyFeet = "us-ft";
+
+bool isUnit(std::string_view value) {
+  return value == "m" || value == kSurveyFeet;
 }
 
 bool isCrs(std::string_view value) {
@@ -86,7 +88,7 @@ constexpr Known kKnown[] = {
     {"k_0", isNumber, true},       {"x_0", isNumber, true},      {"y_0", isNumber, true},
     {"zone", isZone, true},        {"no_uoff", isAbsent, true},  {"no_off", isAbsent, true},
     {"no_rot", isAbsent, true},    {"approx", isAbsent, true},   {"algo", isWord, true},
-    {"ellps", isWord, false},      {"datum", isWord, false},     {"units", isMetre, false},
+    {"ellps", isWord, false},      {"datum", isWord, false},     {"units", isUnit, false},
     {"type", isCrs, false},        {"no_defs", isAbsent, false}, {"wktext", isAbsent, false},
     {"towgs84", isNoShift, false},
 };
@@ -129,7 +131,8 @@ std::string faultIn(const std::vector<Parameter>& parameters, std::size_t index)
   const auto* const known = std::ranges::find(kKnown, parameter.name, &Known::name);
   if (isFigureOfTheEarth(parameter.name)) return quoted(parameter) + kOtherEllipsoid;
   if (known == std::end(kKnown)) return quoted(parameter) + " is no parameter of a map projection in metres";
-  if (known->accepts == isMetre && !isMetre(parameter.value)) return quoted(parameter) + " is not the metre";
+  if (known->accepts == isUnit && !isUnit(parameter.value))
+    return quoted(parameter) + " is " + refusedUnit(parameter.value);
   if (!known->accepts(parameter.value)) return quoted(parameter) + " has no value that can be used";
   const auto first = std::ranges::find(parameters, parameter.name, &Parameter::name);
   return &*first == &parameter ? std::string() : quoted(parameter) + " is a second value";
@@ -147,6 +150,13 @@ std::optional<Datum> namedDatum(const Parameter& parameter, std::string& reason)
 
 }  // namespace
 
+std::string refusedUnit(std::string_view unit) {
+  constexpr const char* kUsed = "metres and U.S. survey feet are used here";
+  return std::string(unit == "ft" ? "the international foot (0.3048 m): only "
+                                  : "neither the metre nor the U.S. survey foot: only ") +
+         kUsed;
+}
+
 text::Result<Parameters> readParameters(std::string_view list, std::optional<Datum> expected) {
   using Read = text::Result<Parameters>;
   const std::vector<Parameter> parameters = split(list);
@@ -160,6 +170,7 @@ text::Result<Parameters> readParameters(std::string_view list, std::optional<Dat
     if (named && datum && *named != *datum) reason = quoted(parameter) + " is of another datum";
     if (!reason.empty()) return Read::failure(reason);
     if (named) datum = named;
+    if (parameter.name == "units") result.feet = parameter.value == kSurveyFeet;
     if (!std::ranges::find(kKnown, parameter.name, &Known::name)->handedOn) continue;
     result.list += '+';
     result.list += parameter.name;

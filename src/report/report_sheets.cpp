@@ -96,10 +96,17 @@ void ReportSheets::measure() {
   std::size_t lines = 0;
   int pages = 0;
   std::size_t cutSheets = 0;
+  bool reportEnded = false;
+  int newestPage = 0;
+  std::size_t newestCut = 0;
   for (Piece piece = Piece::Line; piece != Piece::End;) {
     piece = takeBodyPiece();
     if (piece == Piece::Line) {
-      ++lines;
+      if (lines++ == 0 && std::exchange(reportEnded, false)) {
+        newestPage = pages;
+        newestCut = cutSheets;
+      }
+      reportEnded = reportEnded || line_.find(kReportMark) != std::string::npos;
       size_.columns = std::max(size_.columns, text::characterCount(line_));
     } else if (lines > 0) {
       ++pages;
@@ -111,6 +118,15 @@ void ReportSheets::measure() {
   const bool whole = tallest <= kMostLines;
   size_.lines = whole ? tallest : kOrdinaryLines;
   size_.sheets = whole ? pages : static_cast<int>(cutSheets);
+  newestReport_ = 1 + (whole ? newestPage : static_cast<int>(newestCut));
+}
+
+bool ReportSheets::take(int number, Sheet& sheet) {
+  if (number <= number_ && !rewind()) return false;
+  while (next(sheet)) {
+    if (number_ == number) return true;
+  }
+  return false;
 }
 
 bool ReportSheets::next(Sheet& sheet) {

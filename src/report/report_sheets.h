@@ -39,10 +39,17 @@ class ReportSheets {
   /// Opens the file and reads it once to learn the size. False: `error()` says why.
   bool open();
   const SheetSize& size() const { return size_; }
+  /// The number, from 1, of the sheet where the newest report of the file begins: the one behind the last but one end
+  /// of a report.
+  int newestReport() const { return newestReport_; }
   /// Goes back to the first sheet.
   bool rewind();
   /// The next sheet; false after the last one, and when the file failed.
   bool next(Sheet& sheet);
+
+  /// The sheet with this number, from 1, by going on to it from where the last one ended, or from the beginning. False
+  /// when there is none, and when the file failed.
+  bool take(int number, Sheet& sheet);
 
   const std::string& fileName() const { return fileName_; }
   /// What went wrong, with the file's name, empty without a failure.
@@ -59,6 +66,7 @@ class ReportSheets {
   const std::uint64_t start_;
   const std::optional<run::ReportHeading> heading_;
   SheetSize size_;
+  int newestReport_ = 1;
 
   text::LineReader lines_;
   std::string_view rest_;  ///< of the line being cut

@@ -1,5 +1,6 @@
 #include "run/projection_box.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "run/projection_code.h"
@@ -19,7 +20,16 @@ bool marksMetres(std::string_view text) {
   return text::findIgnoringCase(text, "M") != std::string_view::npos;
 }
 
+bool namesSystem(std::string_view text) {
+  const auto isLetter = [](char c) {
+    const char lower = static_cast<char>(c | 0x20);
+    return lower >= 'a' && lower <= 'z' && lower != 'm';
+  };
+  return text::parseLeadingNumber(text).length == 0 && std::ranges::any_of(text, isLetter);
+}
+
 ProjectionBox typeProjection(const ProjectionBox& before, std::string_view text, bool overNumber) {
+  if (namesSystem(text)) return {.code = kNoProjection, .metres = before.metres};
   const text::LeadingNumber number = text::parseLeadingNumber(text);
   // A number beyond all codes becomes the largest one, which no run accepts.
   const std::int16_t typed = text::toInt16(number.value).value_or(std::numeric_limits<std::int16_t>::max());

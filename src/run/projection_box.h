@@ -19,9 +19,13 @@ std::string projectionText(std::int16_t code, bool metres);
 /// Whether a projection text, or a text typed for one, has the mark of metres: an "M" of either case.
 bool marksMetres(std::string_view text);
 
+/// Whether a text typed for a projection is no number but has letters of a name, for which systems can be searched.
+bool namesSystem(std::string_view text);
+
 /// The box after its text was changed by hand. The code is the whole number nearest to the text's leading number, or
 /// `kNoProjection` without one. An "M" (either case) chooses metres; deleting only the "M" chooses feet; another number
-/// without one keeps the unit, and so does the same number typed over the whole text (`overNumber`).
+/// without one keeps the unit, and so does the same number typed over the whole text (`overNumber`), and a name,
+/// whatever its letters.
 ProjectionBox typeProjection(const ProjectionBox& before, std::string_view text, bool overNumber);
 
 }  // namespace tovak::run

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "run/labels.h"
 #include "run/projection_code.h"
@@ -11,6 +12,21 @@ namespace tovak::run {
 namespace {
 
 constexpr int kHeightDecimals = 4;
+
+constexpr std::string_view kNorthingBox = "txtLatNorthY";
+constexpr std::string_view kEastingBox = "txtLongEastX";
+
+struct TypingFault {
+  std::string text;
+  std::string_view box;
+};
+
+/// The first of two reasons why a pair cannot be used, with the box it concerns.
+std::optional<TypingFault> firstFault(std::optional<std::string> northing, std::optional<std::string> easting) {
+  if (northing) return TypingFault{std::move(*northing), kNorthingBox};
+  if (easting) return TypingFault{std::move(*easting), kEastingBox};
+  return std::nullopt;
+}
 
 struct CoordinateNames {
   std::string_view northing;
@@ -52,30 +68,33 @@ std::optional<std::string> notAnAngle(const std::string& text, const text::Angle
 }
 
 /// Fills the coordinates, or says why the texts are not coordinates.
-std::optional<std::string> takeTypedAngles(const TypedTexts& texts, text::AngleForm form, PointRecord& point) {
+std::optional<TypingFault> takeTypedAngles(const TypedTexts& texts, text::AngleForm form, PointRecord& point) {
   std::string scratch;
   const text::AngleReading latitude = text::readAngle(texts.northing, form, text::AngleAxis::Latitude, scratch);
   const text::AngleReading longitude = text::readAngle(texts.easting, form, text::AngleAxis::Longitude, scratch);
-  std::optional<std::string> fault = notAnAngle(texts.northing, latitude, kLatitude);
-  if (!fault) fault = notAnAngle(texts.easting, longitude, kLongitude);
+  std::optional<TypingFault> fault =
+      firstFault(notAnAngle(texts.northing, latitude, kLatitude), notAnAngle(texts.easting, longitude, kLongitude));
   DoubtFlags none;  // doubtful input is refused at the keyboard
   if (!fault) takeAngles(point, latitude, longitude, none);
   return fault;
 }
 
-std::optional<std::string> takeTypedLengths(const TypedTexts& texts, PointRecord& point) {
-  std::optional<std::string> fault = notANumber(kLengths.northing, texts.northing);
-  if (!fault) fault = notANumber(kLengths.easting, texts.easting);
+std::optional<TypingFault> takeTypedLengths(const TypedTexts& texts, PointRecord& point) {
+  std::optional<TypingFault> fault =
+      firstFault(notANumber(kLengths.northing, texts.northing), notANumber(kLengths.easting, texts.easting));
   if (fault) return fault;
   point.InNorthLat = text::leadingNumber(texts.northing);
   point.InEastLon = text::leadingNumber(texts.easting);
   return std::nullopt;
 }
 
-std::optional<std::string> heightFault(const TypedTexts& texts) {
-  const bool heights = std::isfinite(texts.elevation) && std::isfinite(texts.geoid) && std::isfinite(texts.ellipsoid);
-  if (heights) return std::nullopt;
-  return "A height is too large to be a number.";
+std::optional<TypingFault> heightFault(const TypedTexts& texts) {
+  const std::pair<double, std::string_view> heights[] = {
+      {texts.elevation, "txtZC"}, {texts.geoid, "txtHG"}, {texts.ellipsoid, "txtHE"}};
+  for (const auto& [height, box] : heights) {
+    if (!std::isfinite(height)) return TypingFault{"A height is too large to be a number.", box};
+  }
+  return std::nullopt;
 }
 
 /// A height that was not typed is zero, and its field stays empty.
@@ -102,26 +121,43 @@ std::string_view entryHint(const RunSettings& settings) {
 std::optional<Message> missingCoordinate(const TypedTexts& texts) {
   constexpr const char* kTitle = "Data entry error";
   if (texts.northing.empty()) {
-    return Message{"Please enter a latitude or northing/Y value.", kTitle, Icon::Exclamation, "txtLatNorthY"};
+    return Message{"Please enter a latitude or northing/Y value.", kTitle, Icon::Exclamation,
+                   std::string(kNorthingBox)};
   }
   if (texts.easting.empty()) {
-    return Message{"Please enter a longitude or easting/X value.", kTitle, Icon::Exclamation, "txtLongEastX"};
+    return Message{"Please enter a longitude or easting/X value.", kTitle, Icon::Exclamation, std::string(kEastingBox)};
   }
   return std::nullopt;
 }
 
-text::Result<PointRecord> typedPoint(const TypedTexts& texts, bool latLong, text::AngleForm form) {
+text::Result<PointRecord> typedPoint(const TypedTexts& texts, bool latLong, text::AngleForm form,
+                                     std::string_view* faultyBox) {
   PointRecord point;
   resetPoint(point);
-  std::optional<std::string> fault = heightFault(texts);
+  std::optional<TypingFault> fault = heightFault(texts);
   if (!fault) fault = latLong ? takeTypedAngles(texts, form, point) : takeTypedLengths(texts, point);
-  if (fault) return text::Result<PointRecord>::failure(*fault);
+  if (fault) {
+    if (faultyBox != nullptr) *faultyBox = fault->box;
+    return text::Result<PointRecord>::failure(fault->text);
+  }
   point.pointNumber = texts.number;
   point.description = texts.name;
   point.Elevation = texts.elevation;
   takeHeight(texts.geoid, point.geoidHeight);
   takeHeight(texts.ellipsoid, point.ellipsoidHeight);
   return point;
+}
+
+std::string nextTypedNumber(std::string number) {
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  const auto lastOther = std::find_if_not(number.rbegin(), number.rend(), isDigit);
+  const auto digits = number.size() - static_cast<std::size_t>(number.rend() - lastOther);
+  for (std::size_t place = number.size(); place-- > number.size() - digits;) {
+    if (++number[place] <= '9') return number;
+    number[place] = '0';
+  }
+  if (digits != 0) number.insert(number.size() - digits, 1, '1');
+  return number;
 }
 
 }  // namespace tovak::run

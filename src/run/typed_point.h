@@ -31,7 +31,13 @@ std::string_view entryHint(const RunSettings& settings);
 std::optional<Message> missingCoordinate(const TypedTexts& texts);
 
 /// The record of a typed point. The texts have to be numbers from end to end, or angles (of the form, where they are a
-/// number alone); otherwise the error says why they are not coordinates.
-text::Result<PointRecord> typedPoint(const TypedTexts& texts, bool latLong, text::AngleForm form);
+/// number alone); otherwise the error says why they are not coordinates, and `faultyBox`, where it is given, receives
+/// the name of the entry dialog's box that is at fault.
+text::Result<PointRecord> typedPoint(const TypedTexts& texts, bool latLong, text::AngleForm form,
+                                     std::string_view* faultyBox = nullptr);
+
+/// The number of the next point: the digits at the end count up and keep their leading zeros, as 9, 10 or A09, A10. A
+/// number without digits at its end stays.
+std::string nextTypedNumber(std::string number);
 
 }  // namespace tovak::run

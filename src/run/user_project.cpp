@@ -141,6 +141,11 @@ std::string_view toldDatum(std::string_view answer) {
   return isDatum(datum) ? datum : std::string_view();
 }
 
+bool toldFeet(std::string_view answer) {
+  text::takeField(answer, '\n');
+  return text::takeField(answer, '\n') == kToldFeet;
+}
+
 bool writeUserProject(const std::string& fileName, const UserProject& project, std::string& error) {
   if (fileName.empty()) {
     error = "There is no data folder to keep the project in.";

@@ -8,7 +8,8 @@
 ///     datum = NAD83
 ///
 /// each once, in any order; the unit is "metres" or "feet" (U.S. survey feet); the datum, "NAD27" or "NAD83", may be
-/// missing. The engine decides which definitions are valid.
+/// missing. The engine decides which definitions are valid; one that is itself in U.S. survey feet (+units=us-ft) goes
+/// with the unit "feet" only.
 #pragma once
 
 #include <cstddef>
@@ -54,6 +55,11 @@ std::string projectRequest(const std::optional<UserProject>& project);
 /// The datum in the engine's answer to a `definitionRequest`, empty where its first line does not give one.
 std::string_view toldDatum(std::string_view answer);
 inline constexpr std::string_view kToldDatum = "Datum ";  ///< the text before it
+
+/// Whether the answer says, in its second line, that the definition itself is in U.S. survey feet. Then the project's
+/// unit is the same.
+bool toldFeet(std::string_view answer);
+inline constexpr std::string_view kToldFeet = "Unit U.S. survey feet";
 
 /// Replaces the file with a valid project. False with the reason in `error`; the old file is then still there.
 bool writeUserProject(const std::string& fileName, const UserProject& project, std::string& error);

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "run/projection_code.h"
+#include "selection/exchange.h"
 
 namespace tovak::selection {
 
@@ -26,6 +27,7 @@ EnabledControls enabledControls(const Selections& selections, const run::FormatT
       .report = ordinary && settings.reportEnabled,
       .sourceLayout = source.choosesLayout,
       .targetLayout = target.choosesLayout,
+      .swap = canExchangeSides(selections, formats),
       .database = source.fromDatabase,
   };
 }

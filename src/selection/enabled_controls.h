@@ -19,6 +19,7 @@ struct EnabledControls {
   bool report = false;        ///< the report's file and what to do with it
   bool sourceLayout = false;  ///< the layout of a delimited file is the person's choice
   bool targetLayout = false;
+  bool swap = false;      ///< source and target can change places
   bool database = false;  ///< the geodetic database's lists take the place of file and projection
 };
 

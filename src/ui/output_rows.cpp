@@ -1,7 +1,10 @@
 #include "ui/output_rows.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <array>
+#include <map>
+#include <set>
 #include <utility>
 
 #include "report/point_texts.h"
@@ -103,6 +106,28 @@ QString copyText(const QItemSelectionModel& selection) {
     row = cell.row();
   }
   return text.replace(QLatin1Char('\t'), QLatin1Char(','));
+}
+
+QString tableText(const QItemSelectionModel& selection) {
+  std::set<int> columns;
+  std::map<int, std::map<int, QString>> rows;
+  const QModelIndexList cells = selection.selectedIndexes();
+  for (const QModelIndex& cell : cells) {
+    columns.insert(cell.column());
+    QString& text = rows[cell.row()][cell.column()] = cell.data().toString();
+    // A description may hold what ends a cell or a line.
+    for (const char end : {'\t', '\n', '\r'}) text.replace(QLatin1Char(end), QLatin1Char(' '));
+  }
+  QStringList headings;
+  for (const int column : columns)
+    headings += selection.model()->headerData(column, Qt::Horizontal).toString().simplified();
+  QString text = headings.join(QLatin1Char('\t')) + QLatin1Char('\n');
+  for (const auto& [row, texts] : rows) {
+    QStringList line;
+    for (const int column : columns) line += texts.contains(column) ? texts.at(column) : QString();
+    text += line.join(QLatin1Char('\t')) + QLatin1Char('\n');
+  }
+  return text;
 }
 
 }  // namespace tovak::ui

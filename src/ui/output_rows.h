@@ -57,4 +57,8 @@ class OutputRows final : public QAbstractTableModel {
 /// quoted.
 QString copyText(const QItemSelectionModel& selection);
 
+/// The same cells as a table for a spreadsheet: a line of headings, then a line a row, cells separated by tabs, lines
+/// ended by a line feed. A cell that is not selected, in a column of which others are, is empty.
+QString tableText(const QItemSelectionModel& selection);
+
 }  // namespace tovak::ui

@@ -66,14 +66,7 @@ QWidget* PreviewPanel::makeCorner() {
   auto* const corner = new QWidget(tabs_);
   auto* const layout = new QHBoxLayout(corner);
   layout->setContentsMargins(0, 0, 0, 2);
-  showGroups_ = new QCheckBox(tr("Options and report"), corner);
-  showGroups_->setObjectName("chkShowOptions");
-  showGroups_->setToolTip(tr("Show the groups above, or leave their room to preview and plan"));
-  showGroups_->setChecked(true);
-  connect(showGroups_, &QCheckBox::toggled, this, [this](bool shown) {
-    for (QWidget* const group : folded_) group->setVisible(shown);
-  });
-  auto* const showTarget = new QCheckBox(tr("Target file"), corner);
+  auto* const showTarget = new QCheckBox(tr("Show the target file"), corner);
   showTarget->setObjectName("chkTargetText");
   showTarget->setToolTip(tr("Show the first lines of the target file, as they would be written"));
   connect(showTarget, &QCheckBox::toggled, this, [this](bool shown) {
@@ -81,15 +74,8 @@ QWidget* PreviewPanel::makeCorner() {
     if (shown) tabs_->setCurrentIndex(0);
     showTargetOf(table_->currentIndex().row());
   });
-  layout->addWidget(new QLabel(tr("Show:"), corner));
   layout->addWidget(showTarget);
-  layout->addWidget(showGroups_);
   return corner;
-}
-
-void PreviewPanel::bringOut(const QWidget& control) {
-  const auto holds = [&control](const QWidget* group) { return group->isAncestorOf(&control); };
-  if (std::ranges::any_of(folded_, holds)) showGroups_->setChecked(true);
 }
 
 QWidget* PreviewPanel::makePreview() {

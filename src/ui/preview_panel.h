@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "run/preview.h"
@@ -17,7 +16,6 @@
 #include "ui/result_panel.h"
 #include "ui/verdict_line.h"
 
-class QCheckBox;
 class QGridLayout;
 class QPlainTextEdit;
 class QTableView;
@@ -45,10 +43,6 @@ class PreviewPanel : public QWidget {
   /// Turns to the result of a run, whose points take their place on the plan.
   void showResult(const FinishedRun& run);
   ResultPanel& result() { return *result_; }
-  /// What the person can fold away to give the panel more room.
-  void foldAway(std::vector<QWidget*> groups) { folded_ = std::move(groups); }
-  /// Unfolds the group that contains a control.
-  void bringOut(const QWidget& control);
 
  signals:
   void suggestionTaken(const tovak::selection::Suggestion& suggestion);
@@ -75,8 +69,6 @@ class PreviewPanel : public QWidget {
   QPlainTextEdit* target_ = nullptr;
   PlanWidget* plan_ = nullptr;
   ResultPanel* result_ = nullptr;
-  QCheckBox* showGroups_ = nullptr;
-  std::vector<QWidget*> folded_;
   std::string targetText_;
   std::vector<PlanArea> areas_;
   std::optional<std::vector<PlanPoint>> runPoints_;  ///< of the last run, until something is changed

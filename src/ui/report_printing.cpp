@@ -6,18 +6,17 @@
 #include <QFont>
 #include <QFontDatabase>
 #include <QFontMetricsF>
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPrintDialog>
-#include <QPrintPreviewDialog>
 #include <QProgressDialog>
-#include <QScreen>
 #include <algorithm>
 #include <utility>
 
 #include "run/run_messages.h"
+#include "ui/help_key.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
+#include "ui/report_preview.h"
 
 namespace tovak::ui {
 namespace {
@@ -27,9 +26,6 @@ constexpr qreal kLargestPoints = 11;
 constexpr qreal kPointsPerInch = 72;
 
 constexpr qreal kMargin = 12.7;  // millimetres
-
-/// A preview keeps every sheet it shows in memory.
-constexpr int kMostPreviewed = 200;
 
 /// "Courier New", or what the platform has instead, with letters as wide as they are drawn at any size.
 QFont fixedFont() {
@@ -147,12 +143,19 @@ bool paintSheets(QPrinter& printer, report::ReportSheets& sheets, const std::fun
   return painter.end() && sheets.error().empty() && printer.printerState() != QPrinter::Error;
 }
 
+void paintOneSheet(QPainter& painter, QPrinter& printer, const report::SheetSize& size, const report::Sheet& sheet) {
+  const QRectF paper(QPointF(0, 0), printer.pageLayout().paintRectPixels(printer.resolution()).size());
+  painter.setFont(fittingFont(printer, paper, size));
+  paintSheet(painter, paper, sheet);
+}
+
 void printReport(QWidget* parent, report::ReportSheets& sheets) {
   if (!openSheets(parent, sheets)) return;
   QPrinter printer(QPrinter::HighResolution);
   preparePrinter(printer, sheets);
   QPrintDialog dialog(&printer, parent);
-  dialog.setWindowTitle(QWidget::tr("Print Report"));
+  dialog.setWindowTitle(QWidget::tr("Print Report %1").arg(QFileInfo(toQString(sheets.fileName())).fileName()));
+  helpOnF1(dialog, "report");
   dialog.setOption(QAbstractPrintDialog::PrintPageRange);
   dialog.setMinMax(1, sheets.size().sheets);
   if (dialog.exec() == QDialog::Accepted) printSheets(parent, printer, sheets);
@@ -162,21 +165,7 @@ void previewReport(QWidget* parent, report::ReportSheets& sheets) {
   if (!openSheets(parent, sheets)) return;
   QPrinter printer(QPrinter::HighResolution);
   preparePrinter(printer, sheets);
-  QPrintPreviewDialog dialog(&printer, parent);
-  dialog.resize(QSize(1000, 720).boundedTo(dialog.screen()->availableSize()));
-  const int count = sheets.size().sheets;
-  dialog.setWindowTitle(count <= kMostPreviewed
-                            ? QWidget::tr("Print Preview")
-                            : QWidget::tr("Print Preview of the first %1 of %2 pages").arg(kMostPreviewed).arg(count));
-  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* onto) {
-    // What the preview draws goes into pictures; its print button goes to the printer itself.
-    if (onto->paintEngine()->type() == QPaintEngine::Picture) {
-      paintSheets(*onto, sheets, [](int number) { return number <= kMostPreviewed; });
-    } else {
-      printSheets(&dialog, *onto, sheets);
-    }
-  });
-  dialog.exec();
+  frmTovakReport(printer, sheets, parent).exec();
 }
 
 }  // namespace tovak::ui

@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QPalette>
 #include <QPlainTextEdit>
+#include <QPrinter>
 #include <QPushButton>
 #include <QStyleFactory>
 #include <QTabWidget>
@@ -21,11 +22,15 @@
 
 #include "formats/delimited/built_in_formats.h"
 #include "formats/format_tables.h"
+#include "report/report_writer.h"
+#include "run/conversion_run.h"
 #include "run/engine_loader.h"
 #include "run/format_index.h"
 #include "run/module_loader.h"
 #include "run/usual_areas.h"
+#include "selection/selections.h"
 #include "ui/help_window.h"
+#include "ui/report_preview.h"
 #include "ui/system_list.h"
 #include "ui/tovak.h"
 #include "ui/tovak_about.h"
@@ -90,11 +95,10 @@ std::unique_ptr<tovak::ui::frmTovak> makeMain(const tovak::run::RunSettings& set
   return std::make_unique<tovak::ui::frmTovak>(start);
 }
 
-/// The points on the plan, with all the room there is for them.
+/// The points on the plan.
 std::unique_ptr<QWidget> makePlan() {
   std::unique_ptr<tovak::ui::frmTovak> window = makeMain(exampleSettings());
   window->findChild<QTabWidget*>("previewTabs")->setCurrentIndex(1);
-  window->findChild<QCheckBox*>("chkShowOptions")->setChecked(false);
   return window;
 }
 
@@ -122,6 +126,13 @@ std::unique_ptr<QWidget> makeResult() {
   acknowledge.start(0);
   window->findChild<QPushButton*>("cmdExecute")->click();
   return window;
+}
+
+/// Options and report unfolded, as they are when one of them is not as usual.
+std::unique_ptr<QWidget> makeMore() {
+  tovak::run::RunSettings settings = exampleSettings();
+  settings.adjustment = tovak::run::Adjustment::Nad83_2011;
+  return makeMain(settings);
 }
 
 /// The sample's angles read in the wrong form.
@@ -164,10 +175,7 @@ std::unique_ptr<QWidget> makeDatabase() {
   return window;
 }
 
-std::unique_ptr<QWidget> makeOutput() {
-  auto grid = std::make_unique<tovak::ui::frmTovakOutput>(exampleSettings());
-  grid->setDescriptions("Latitude and Longitude, NAD83 : NAD83", "State plane South, NAD83 : NAD83");
-  grid->startGrid();
+tovak::run::PointRecord examplePoint() {
   tovak::run::PointRecord point;
   point.pointNumber = "101";
   point.description = "Alder Bridge";
@@ -176,8 +184,40 @@ std::unique_ptr<QWidget> makeOutput() {
   point.Elevation = 912.482;
   engine()->TovakVert(point.InNorthLat, point.InEastLon, point.Elevation, "0", point.OutNorthLat, point.OutEastLon,
                       point.Elevation, "4", point.OutInfo);
-  grid->addRow(point);
+  return point;
+}
+
+std::unique_ptr<QWidget> makeOutput() {
+  auto grid = std::make_unique<tovak::ui::frmTovakOutput>(exampleSettings());
+  grid->setDescriptions("Latitude and Longitude, NAD83 : NAD83", "State plane South, NAD83 : NAD83");
+  grid->startGrid();
+  grid->addRow(examplePoint());
   return grid;
+}
+
+/// A report of the sample's points.
+std::unique_ptr<QWidget> makeReport() {
+  class Silent final : public tovak::run::Person {
+    void show(const tovak::run::Message& /*message*/) override {}
+    bool confirm(const tovak::run::Message& /*question*/) override { return true; }
+    bool leaveBatchMode() override { return true; }
+    bool chooseTargetOptions(tovak::run::TargetOptions /*options*/) override { return true; }
+  };
+  static const QTemporaryDir folder;
+  tovak::run::FormatTables tables = tovak::formats::formatTables();
+  tovak::run::RunSettings settings = exampleSettings();
+  settings.targetFormat = tovak::run::target::ScreenOnly;
+  settings = tovak::selection::runSettings(tovak::selection::selectionsFrom(settings, tables), tables);
+  settings.sourceDelimited = tovak::formats::delimited::standardFormat();
+  settings.reportEnabled = true;
+  settings.reportFileName = folder.filePath("Tovak11-21-2026.rpt").toStdString();
+  tables.report = {tovak::report::makeReportWriter, "1.0.0", [] { return tovak::text::Date{2026, 11, 21}; }};
+  Silent person;
+  tovak::run::convert(settings, *engine(), tables, {.person = person});
+  static tovak::report::ReportSheets sheets(settings.reportFileName);
+  static QPrinter printer(QPrinter::HighResolution);
+  if (!sheets.open()) return nullptr;
+  return std::make_unique<tovak::ui::frmTovakReport>(printer, sheets, nullptr);
 }
 
 template <typename Dialog>
@@ -189,20 +229,28 @@ std::unique_ptr<QWidget> makeOptions() {
 // picture.
 constexpr Picture kPictures[] = {
     {"main", [](const QString&) -> std::unique_ptr<QWidget> { return makeMain(exampleSettings()); }},
+    {"main_more", [](const QString&) { return makeMore(); }},
     {"main_plan", [](const QString&) { return makePlan(); }},
     {"main_result", [](const QString&) { return makeResult(); }},
     {"main_suggestions", [](const QString&) { return makeSuggestions(); }},
     {"main_database", [](const QString&) { return makeDatabase(); }},
     {"systems",
      [](const QString&) -> std::unique_ptr<QWidget> {
-       return std::make_unique<tovak::ui::frmTovakSystems>(*engine(), exampleSettings().TargetProjectionCode, nullptr);
+       return std::make_unique<tovak::ui::frmTovakSystems>(*engine(), exampleSettings().TargetProjectionCode, "county",
+                                                           nullptr);
      }},
     {"keyboard",
      [](const QString&) -> std::unique_ptr<QWidget> {
-       return std::make_unique<tovak::ui::frmTovakInput>(
+       auto dialog = std::make_unique<tovak::ui::frmTovakInput>(
            tovak::ui::entryLabels(exampleSettings(), "Latitude and Longitude, NAD83"));
+       dialog->findChild<QLineEdit*>("txtPointNumber")->setText("101");
+       dialog->findChild<QLineEdit*>("txtLatNorthY")->setText("48.946947603");
+       dialog->findChild<QLineEdit*>("txtLongEastX")->setText("-95.790044250");
+       dialog->showResult(tovak::ui::entryResult(examplePoint(), exampleSettings(), "State plane South, NAD83"));
+       return dialog;
      }},
     {"output", [](const QString&) { return makeOutput(); }},
+    {"report_preview", [](const QString&) { return makeReport(); }},
     {"delimited_formats",
      [](const QString&) { return makeEditor(tovak::formats::delimited::EditorPurpose::InputFile); }},
     {"numbering", [](const QString&) { return makeOptions<tovak::ui::frmTovakDefPtNo>(); }},

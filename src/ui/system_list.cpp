@@ -12,6 +12,7 @@
 
 #include "run/projection_code.h"
 #include "run/system_data.h"
+#include "ui/help_key.h"
 #include "ui/qt_text.h"
 
 namespace tovak::ui {
@@ -39,7 +40,8 @@ QString datumColumn(std::int16_t code, const QString& name) {
 
 }  // namespace
 
-frmTovakSystems::frmTovakSystems(run::ConversionEngine& engine, std::int16_t chosen, QWidget* parent)
+frmTovakSystems::frmTovakSystems(run::ConversionEngine& engine, std::int16_t chosen, const QString& search,
+                                 QWidget* parent)
     : QDialog(parent), txtSearch_(new QLineEdit(this)), lstSystems_(new QTreeWidget(this)) {
   setObjectName("frmTovakSystems");
   setWindowTitle(tr("Choose a Projection"));
@@ -76,6 +78,8 @@ frmTovakSystems::frmTovakSystems(run::ConversionEngine& engine, std::int16_t cho
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   fill(engine, chosen);
+  if (!search.isEmpty()) txtSearch_->setText(search);
+  helpOnF1(*this, "projections");
 }
 
 void frmTovakSystems::fill(run::ConversionEngine& engine, std::int16_t chosen) {

@@ -16,8 +16,8 @@ namespace tovak::ui {
 /// Number, name and datum of every system that matches all words of the search text.
 class frmTovakSystems : public QDialog {
  public:
-  /// `chosen` is the code selected at first.
-  frmTovakSystems(run::ConversionEngine& engine, std::int16_t chosen, QWidget* parent);
+  /// `chosen` is the code selected at first, `search` the text to search for.
+  frmTovakSystems(run::ConversionEngine& engine, std::int16_t chosen, const QString& search, QWidget* parent);
 
   /// The code that was picked; nothing when none is selected.
   std::optional<std::int16_t> code() const;

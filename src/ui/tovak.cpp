@@ -9,10 +9,14 @@
 
 #include "run/account_lines.h"
 #include "run/conversion_run.h"
+#include "run/format_index.h"
+#include "run/projection_box.h"
+#include "run/projection_code.h"
 #include "run/run_messages.h"
 #include "run/system_data.h"
 #include "selection/suggestions.h"
 #include "ui/ask_for_file.h"
+#include "ui/help_key.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui/system_list.h"
@@ -62,10 +66,11 @@ frmTovak::frmTovak(const app::WindowStart& start, QWidget* parent)
   connectResult();
   if (start.job) beginJob();
   setRunning(false);
+  showMore(false);
+  form_->cmdMore->setChecked(unusualOptions_);
   refresh();
   form_->lstSourceFormat->setFocus();
-  // On a small or strongly scaled screen, the groups scroll.
-  resize(size().boundedTo(screen()->availableSize()));
+  resize(sizeWithoutScrolling().boundedTo(screen()->availableSize()));
 }
 
 frmTovak::~frmTovak() = default;
@@ -84,6 +89,12 @@ void frmTovak::fillLists() {
     form_->lstSourceFormat->addItem(toQString(format.name));
   for (const run::TargetFormat& format : start_.formatTables.targets)
     form_->lstTargetFormat->addItem(toQString(format.name));
+  // Nobody has published the layout of these files.
+  const std::pair<QComboBox*, int> unavailable[] = {{form_->lstSourceFormat, run::source::KrvBatch},
+                                                    {form_->lstTargetFormat, run::target::KrvBatch}};
+  for (const auto& [list, index] : unavailable)
+    list->setItemData(index, tr("%1 (not available)").arg(list->itemText(index)), Qt::ToolTipRole);
+  for (SideWidgets& side : sides_) side.formatTip = side.format->toolTip();
   for (const char* const accuracy : kAccuracies) form_->lstAccuracy->addItem(accuracy);
   for (QComboBox* const list : findChildren<QComboBox*>()) {
     // Otherwise the wheel would move the focus to the list and change its choice.
@@ -135,8 +146,10 @@ void frmTovak::typeProjection(const SideWidgets& side, const QString& text) {
   followForcedUnits();
   if (settingsOf(side.side).metres != metres) shown = toQString(settingsOf(side.side).projectionText);
   if (shown != text) side.projection->setText(shown);
-  const qsizetype mark = shown.indexOf('M', 0, Qt::CaseInsensitive);
-  if (mark >= 0) side.projection->setCursorPosition(static_cast<int>(mark));
+  // What is typed goes before the mark of metres; an "m" of a name is none.
+  const bool named = run::namesSystem(text.toStdString());
+  const qsizetype mark = named && shown != text ? shown.size() - 1 : shown.indexOf('M', 0, Qt::CaseInsensitive);
+  if (mark >= 0 && (!named || shown != text)) side.projection->setCursorPosition(static_cast<int>(mark));
   (settingsOf(side.side).metres ? side.metric : side.english)->setChecked(true);
   showSystem(side);
   refreshOptions();
@@ -145,7 +158,13 @@ void frmTovak::typeProjection(const SideWidgets& side, const QString& text) {
 }
 
 void frmTovak::chooseSystem(const SideWidgets& side) {
-  frmTovakSystems list(engine_, selection::projectionBox(selections_, side.side).code, this);
+  const run::ProjectionBox box = selection::projectionBox(selections_, side.side);
+  QString search;
+  if (box.code == run::kNoProjection) {
+    search = side.projection->text();
+    if (box.metres && search.endsWith('M')) search.chop(1);
+  }
+  frmTovakSystems list(engine_, box.code, search, this);
   if (list.exec() != QDialog::Accepted || !list.code()) return;
   selection::pickProjection(selections_, side.side, *list.code());
   refresh();
@@ -175,11 +194,11 @@ void frmTovak::browseReport() {
   refresh();
 }
 
-void frmTovak::openReport(void (*use)(QWidget*, report::ReportSheets&)) {
+void frmTovak::openReport(const QString& title, void (*use)(QWidget*, report::ReportSheets&)) {
   const QFileInfo current(toQString(selections_.run.reportFileName));
   const bool there = current.isFile();
-  const QString name = askForFile(this, tr("Report File to Print"), there ? current.absolutePath() : folder_, false,
-                                  there ? current.fileName() : QString());
+  const QString name =
+      askForFile(this, title, there ? current.absolutePath() : folder_, false, there ? current.fileName() : QString());
   if (name.isEmpty()) return;
   report::ReportSheets sheets(name.toStdString());
   use(this, sheets);
@@ -210,7 +229,7 @@ void frmTovak::openProject() {
 }
 
 void frmTovak::openHelp() {
-  if (help_ == nullptr) help_ = std::make_unique<HelpWindow>(QApplication::applicationDirPath() + "/Tovak.hlp");
+  if (help_ == nullptr) help_ = std::make_unique<HelpWindow>(helpFile());
   QString problem;
   if (!help_->open(&problem)) showMessage(this, run::systemMessage(problem.toStdString()));
 }
@@ -256,7 +275,7 @@ void frmTovak::execute() {
   selection::takeBack(selections_, settings);
   refresh();
   if (auto* const faulty = focus.empty() ? nullptr : findChild<QWidget*>(toQString(focus))) {
-    form_->preview->bringOut(*faulty);
+    bringOut(*faulty);
     faulty->setFocus();
   }
   afterRun_ = selection::runSettings(selections_, start_.formatTables);
@@ -273,7 +292,8 @@ void frmTovak::setRunning(bool running) {
   for (QWidget* const part : {static_cast<QWidget*>(form_->grpSource), static_cast<QWidget*>(form_->grpTarget),
                               static_cast<QWidget*>(form_->grpOptions), static_cast<QWidget*>(form_->grpReport),
                               static_cast<QWidget*>(form_->preview), static_cast<QWidget*>(form_->menubar),
-                              static_cast<QWidget*>(form_->cmdExecute), static_cast<QWidget*>(form_->cmdClose)}) {
+                              static_cast<QWidget*>(form_->cmdExecute), static_cast<QWidget*>(form_->cmdClose),
+                              static_cast<QWidget*>(form_->cmdSwap), static_cast<QWidget*>(form_->cmdMore)}) {
     part->setEnabled(!running);
   }
   stopWanted_ = false;

@@ -54,6 +54,7 @@ class frmTovak : public QMainWindow {
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -72,6 +73,7 @@ class frmTovak : public QMainWindow {
     QRadioButton* metric;
     QLineEdit* file;
     QPushButton* browse;
+    QString formatTip = {};
     bool numberSelected = false;  ///< in the projection box: what is typed next replaces a number
   };
 
@@ -91,6 +93,11 @@ class frmTovak : public QMainWindow {
   void refreshDatabase();
   void showAllGroups();
   void refreshEnabled();
+  void refreshMore();
+  void showMore(bool shown);
+  void bringOut(QWidget& control);
+  void arrangeSides();
+  QSize sizeWithoutScrolling() const;
   void showSystem(const SideWidgets& side);
   QString projectionProblem(std::int16_t code, const QString& name);
   void followForcedUnits();
@@ -105,10 +112,11 @@ class frmTovak : public QMainWindow {
   void editLayouts(formats::delimited::EditorPurpose purpose);
   void typeProjection(const SideWidgets& side, const QString& text);
   void chooseSystem(const SideWidgets& side);
+  void exchangeSides();
   bool browse(const SideWidgets& side);
   void browseReport();
   /// Prints or previews a report file that the person chooses.
-  void openReport(void (*use)(QWidget*, report::ReportSheets&));
+  void openReport(const QString& title, void (*use)(QWidget*, report::ReportSheets&));
   void takeSourceFile(const QString& name);
   bool acceptDrop(QDropEvent* event, selection::Side side);
   void dropFile(selection::Side side, const QString& name);
@@ -167,7 +175,8 @@ class frmTovak : public QMainWindow {
   bool stopWanted_ = false;
   std::vector<selection::Suggestion> suggestions_;  ///< for the selections as they are; empty while they change
   std::unique_ptr<FinishedRun> lastRun_;
-  run::RunSettings afterRun_;  ///< the selections as the last run left them
+  run::RunSettings afterRun_;    ///< the selections as the last run left them
+  bool unusualOptions_ = false;  ///< whether options or report were unusual when they were last looked at
   QTimer previewTimer_;
   std::vector<PlanArea> shownAreas_;  ///< in the plan, with these codes as source and target
   std::pair<std::int16_t, std::int16_t> shownCodes_;

@@ -14,6 +14,7 @@
 #include "run/run_messages.h"
 #include "text/strings.h"
 #include "ui/format_preview_table.h"
+#include "ui/help_key.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui_tovak_com_del.h"
@@ -63,6 +64,7 @@ frmTovakComDel::frmTovakComDel(formats::delimited::DefinedFormats& formats, Edit
       settings_(settings),
       definitionsFile_(std::move(definitionsFile)) {
   ui_->setupUi(this);
+  helpOnF1(*this, "delimited-formats");
   setWindowTitle(toQString(formats::delimited::editorTitle(purpose)));
   resize(size().boundedTo(screen()->availableSize()));
   if (purpose == EditorPurpose::InputFile) {

@@ -5,9 +5,11 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
+#include <QToolButton>
 #include <algorithm>
 #include <utility>
 
+#include "run/projection_box.h"
 #include "ui/qt_text.h"
 #include "ui/report_printing.h"
 #include "ui/tovak.h"
@@ -41,6 +43,9 @@ void frmTovak::connectSide(SideWidgets& side) {
   });
   connect(side.projection, &QLineEdit::textEdited, this,
           [this, &side](const QString& text) { typeProjection(side, text); });
+  connect(side.projection, &QLineEdit::returnPressed, this, [this, &side] {
+    if (run::namesSystem(side.projection->text().toStdString())) chooseSystem(side);
+  });
   connect(side.projection, &QLineEdit::editingFinished, this, [this, &side] { refreshSide(side); });
   connect(side.choose, &QPushButton::clicked, this, [this, &side] { chooseSystem(side); });
   for (QRadioButton* const button : {side.english, side.metric}) {
@@ -52,6 +57,10 @@ void frmTovak::connectSide(SideWidgets& side) {
   connect(side.file, &QLineEdit::textEdited, this, [this, &side](const QString& text) {
     selection::nameFile(selections_, side.side, text.toStdString());
     schedulePreview();
+  });
+  // The box may be too narrow for the name.
+  connect(side.file, &QLineEdit::textChanged, this, [&side, tip = side.file->toolTip()](const QString& name) {
+    side.file->setToolTip(name.isEmpty() ? tip : plainTip(name + "\n" + tip));
   });
   connect(side.browse, &QPushButton::clicked, this, [this, &side] { browse(side); });
   side.file->installEventFilter(this);
@@ -121,6 +130,8 @@ void frmTovak::connectReport() {
 
 void frmTovak::connectMenus() {
   const Ui::frmTovak& f = *form_;
+  connect(f.cmdSwap, &QToolButton::clicked, this, &frmTovak::exchangeSides);
+  connect(f.cmdMore, &QToolButton::toggled, this, &frmTovak::showMore);
   connect(f.cmdExecute, &QPushButton::clicked, this, &frmTovak::execute);
   connect(f.cmdClose, &QPushButton::clicked, this, &QWidget::close);
   // A status line too long for the window can be read in its tool tip.
@@ -131,8 +142,9 @@ void frmTovak::connectMenus() {
   connect(f.mnuFileSourceLayout, &QAction::triggered, f.cmdSourceLayout, &QPushButton::click);
   connect(f.mnuFileTargetLayout, &QAction::triggered, f.cmdTargetLayout, &QPushButton::click);
   connect(f.mnuFileExecute, &QAction::triggered, this, &frmTovak::execute);
-  connect(f.mnuFilePrint, &QAction::triggered, this, [this] { openReport(printReport); });
-  connect(f.mnuFilePreview, &QAction::triggered, this, [this] { openReport(previewReport); });
+  connect(f.mnuFilePrint, &QAction::triggered, this, [this] { openReport(tr("Report File to Print"), printReport); });
+  connect(f.mnuFilePreview, &QAction::triggered, this,
+          [this] { openReport(tr("Report File to Preview"), previewReport); });
   connect(f.mnuFileExit, &QAction::triggered, this, &QWidget::close);
   connect(f.mnuToolsNumbering, &QAction::triggered, this, &frmTovak::openOptions<frmTovakDefPtNo>);
   connect(f.mnuToolsLayouts, &QAction::triggered, this,

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "text/number.h"
+#include "ui/help_key.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui_tovak_def_pt_no.h"
@@ -34,6 +35,7 @@ run::Message outOfRange(const QLineEdit& box) {
 frmTovakDefPtNo::frmTovakDefPtNo(run::RunSettings& settings, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakDefPtNo>()), settings_(settings) {
   ui_->setupUi(this);
+  helpOnF1(*this, "numbering");
   setNumber(*ui_->defPN, settings.NextPointNumber);
   setNumber(*ui_->defPInc, settings.PointNumberIncrement);
   ui_->defPN->selectAll();

@@ -2,6 +2,7 @@
 
 #include <QCompleter>
 
+#include "ui/help_key.h"
 #include "ui/qt_text.h"
 #include "ui/symbology.h"
 #include "ui_tovak_delorme.h"
@@ -11,6 +12,7 @@ namespace tovak::ui {
 frmTovakDelorme::frmTovakDelorme(run::RunSettings& settings, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakDelorme>()), settings_(settings) {
   ui_->setupUi(this);
+  helpOnF1(*this, "t-delorme");
   QComboBox& box = *ui_->cmbSymbol;
   for (const std::string_view symbol : kDelormeSymbols) box.addItem(toQString(symbol));
   box.setCurrentText(toQString(settings.options.delorme.symbol));

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "text/number.h"
+#include "ui/help_key.h"
 #include "ui/qt_text.h"
 #include "ui/symbology.h"
 #include "ui_tovak_maptech.h"
@@ -43,6 +44,7 @@ void allow(QLineEdit& box, const char* pattern) {
 frmTovakMaptech::frmTovakMaptech(run::RunSettings& settings, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakMaptech>()), settings_(settings) {
   ui_->setupUi(this);
+  helpOnF1(*this, "t-maptech");
   for (const MaptechColor& color : kMaptechColors) ui_->cmbColor->addItem(swatch(color.number), toQString(color.name));
   for (const std::string_view symbol : kMaptechSymbols) ui_->cmbSymbol->addItem(toQString(symbol));
   allow(*ui_->txtColor, "[0-9A-Fa-f]{1,6}");

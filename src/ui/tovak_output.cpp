@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "ui/help_key.h"
 #include "ui_tovak_output.h"
 
 namespace tovak::ui {
@@ -22,18 +23,20 @@ constexpr int kLastColumn = OutputRows::kColumns - 1;
 frmTovakOutput::frmTovakOutput(const run::RunSettings& settings, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakOutput>()), rows_(settings), mnuPopUp_(new QMenu(this)) {
   ui_->setupUi(this);
+  helpOnF1(*this, "t-screen");
   resize(size().boundedTo(screen()->availableSize()));
   QTableView* const grid = ui_->msfgOutput;
   grid->setModel(&rows_);
   grid->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowGap);
-  grid->addAction(ui_->mnuCopy);
+  grid->addActions({ui_->mnuCopy, ui_->mnuCopyTable});
   mnuPopUp_->setObjectName("mnuPopUp");
   mnuPopUp_->setTitle(tr("PopUp Menu"));
-  mnuPopUp_->addAction(ui_->mnuCopy);
+  mnuPopUp_->addActions({ui_->mnuCopy, ui_->mnuCopyTable});
   connect(grid, &QTableView::customContextMenuRequested, this, &frmTovakOutput::openMenu);
-  connect(ui_->mnuCopy, &QAction::triggered, this, &frmTovakOutput::copySelection);
+  connect(ui_->mnuCopy, &QAction::triggered, this, [this] { copySelection(copyText); });
+  connect(ui_->mnuCopyTable, &QAction::triggered, this, [this] { copySelection(tableText); });
   connect(grid->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          [this] { ui_->mnuCopy->setEnabled(ui_->msfgOutput->selectionModel()->hasSelection()); });
+          [this] { enableCopying(ui_->msfgOutput->selectionModel()->hasSelection()); });
   connect(ui_->cmdReturn, &QPushButton::clicked, this, &QDialog::accept);
 }
 
@@ -41,7 +44,11 @@ frmTovakOutput::~frmTovakOutput() = default;
 
 void frmTovakOutput::startGrid() {
   rows_.clear();
-  ui_->mnuCopy->setEnabled(false);
+  enableCopying(false);
+}
+
+void frmTovakOutput::enableCopying(bool enabled) {
+  for (QAction* const action : {ui_->mnuCopy, ui_->mnuCopyTable}) action->setEnabled(enabled);
 }
 
 void frmTovakOutput::setDescriptions(const QString& source, const QString& target) {
@@ -80,10 +87,10 @@ void frmTovakOutput::fillWidth() {
   grid.setColumnWidth(kLastColumn, std::max(lastColumnWidth_, left));
 }
 
-void frmTovakOutput::copySelection() {
+void frmTovakOutput::copySelection(QString (*textOf)(const QItemSelectionModel& selection)) {
   QClipboard& clipboard = *QApplication::clipboard();
   clipboard.clear();
-  clipboard.setText(copyText(*ui_->msfgOutput->selectionModel()));
+  clipboard.setText(textOf(*ui_->msfgOutput->selectionModel()));
 }
 
 void frmTovakOutput::openMenu(const QPoint& position) {

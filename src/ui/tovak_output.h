@@ -43,7 +43,8 @@ class frmTovakOutput final : public QDialog {
 
  private:
   void fillWidth();
-  void copySelection();
+  void enableCopying(bool enabled);
+  void copySelection(QString (*textOf)(const QItemSelectionModel& selection));
   void openMenu(const QPoint& position);
 
   std::unique_ptr<Ui::frmTovakOutput> ui_;

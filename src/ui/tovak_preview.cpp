@@ -26,7 +26,6 @@ constexpr PlanBox kAreaServed = {.south = run::kAreaServed.south,
 void frmTovak::connectPreview() {
   previewTimer_.setSingleShot(true);
   connect(&previewTimer_, &QTimer::timeout, this, &frmTovak::showPreview);
-  form_->preview->foldAway({form_->grpOptions, form_->grpReport});
   connect(form_->preview, &PreviewPanel::suggestionTaken, this, &frmTovak::takeSuggestion);
 }
 

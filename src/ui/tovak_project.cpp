@@ -6,6 +6,7 @@
 #include "run/projection_box.h"
 #include "run/projection_code.h"
 #include "run/run_messages.h"
+#include "ui/help_key.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui_tovak_project.h"
@@ -16,6 +17,7 @@ frmTovakProject::frmTovakProject(run::ConversionEngine& engine, QWidget* parent,
                                  const std::optional<run::UserProject>& ofJob)
     : QDialog(parent), ui_(std::make_unique<Ui::frmTovakProject>()), engine_(engine) {
   ui_->setupUi(this);
+  helpOnF1(*this, "project");
   resize(size().boundedTo(screen()->availableSize()));
   load(ofJob);
   connect(ui_->txtProjectName, &QLineEdit::textChanged, this, &frmTovakProject::check);
@@ -58,8 +60,21 @@ void frmTovakProject::check() {
     }
   }
   datum_ = run::toldDatum(told);
+  if (followUnit(run::toldFeet(told))) return;
   ui_->lblWhereabouts->setText(toQString(told));
   ui_->cmdStore->setEnabled(usable);
+}
+
+/// A definition in feet brings its unit along; one that takes its place gives back the choice, and what was chosen
+/// before. True when the unit has changed and everything was told anew.
+bool frmTovakProject::followUnit(bool feet) {
+  if (feet == definitionInFeet_) return false;
+  definitionInFeet_ = feet;
+  ui_->btnProjectMetric->setEnabled(!feet);
+  if (feet) chosenMetres_ = ui_->btnProjectMetric->isChecked();
+  if (!chosenMetres_) return false;
+  (feet ? ui_->btnProjectEnglish : ui_->btnProjectMetric)->setChecked(true);
+  return true;
 }
 
 void frmTovakProject::store() {

@@ -30,12 +30,15 @@ class frmTovakProject final : public QDialog {
  private:
   void load(const std::optional<run::UserProject>& ofJob);
   void check();
+  bool followUnit(bool feet);
   void store();
   run::UserProject typed() const;
 
   std::unique_ptr<Ui::frmTovakProject> ui_;
   run::ConversionEngine& engine_;
-  std::string datum_;  ///< of the definition, as last reported by the engine
+  bool definitionInFeet_ = false;
+  bool chosenMetres_ = false;  ///< before a definition in feet was typed
+  std::string datum_;          ///< of the definition, as last reported by the engine
 };
 
 }  // namespace tovak::ui

@@ -5,6 +5,7 @@
 #include <QPalette>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolButton>
 #include <utility>
 
 #include "run/projection_box.h"
@@ -38,6 +39,7 @@ void frmTovak::refresh() {
   refreshOptions();
   refreshDatabase();
   refreshEnabled();
+  refreshMore();
   schedulePreview();
 }
 
@@ -45,6 +47,8 @@ void frmTovak::refreshSide(const SideWidgets& side) {
   const run::RunSettings& settings = selections_.run;
   const run::SideSettings& ofSide = settingsOf(side.side);
   side.format->setCurrentIndex(side.side == Side::Source ? settings.sourceFormat : settings.targetFormat);
+  const QString ownTip = side.format->currentData(Qt::ToolTipRole).toString();
+  side.format->setToolTip(plainTip(ownTip.isEmpty() ? side.formatTip : ownTip));
   if (side.projection->text() != toQString(ofSide.projectionText))
     side.projection->setText(toQString(ofSide.projectionText));
   (ofSide.metres ? side.metric : side.english)->setChecked(true);
@@ -139,12 +143,20 @@ void frmTovak::refreshEnabled() {
       {f.txtDescription, enabled.report},
   };
   for (const auto& [widget, on] : states) widget->setEnabled(on);
+  const bool form = enabled.latLongForm && !enabled.database;
+  for (QWidget* const part : {static_cast<QWidget*>(f.lblLLfmt), f.frameLLfmt}) part->setVisible(form);
+  // Units and file name of the two sides stay side by side.
+  constexpr int kFormRow = 3;
+  f.layTarget->setRowMinimumHeight(kFormRow,
+                                   form ? f.frameLLfmt->sizeHint().height() + f.layTarget->verticalSpacing() : 0);
+  f.cmdSwap->setEnabled(enabled.swap);
   f.frameSrcCsvPrj->setVisible(enabled.database);
   f.txCsvtSrcFile->setVisible(enabled.database);
   f.frameSrcMapPrj->setVisible(!enabled.database);
   f.lblSourceProjection->setVisible(!enabled.database);
   f.txtSourceFile->setVisible(!enabled.database);
   f.lblSourceFile->setBuddy(enabled.database ? f.txCsvtSrcFile : f.txtSourceFile);
+  arrangeSides();
 }
 
 }  // namespace tovak::ui

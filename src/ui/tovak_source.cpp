@@ -12,7 +12,9 @@
 #include "formats/database/map_sheets.h"
 #include "selection/database_choices.h"
 #include "selection/database_source.h"
+#include "selection/exchange.h"
 #include "selection/job_file.h"
+#include "selection/suggestions.h"
 #include "ui/message_box.h"
 #include "ui/qt_text.h"
 #include "ui/tovak.h"
@@ -81,6 +83,22 @@ void frmTovak::showAllGroups() {
   const int missing = form_->scrollContents->minimumSizeHint().height() - form_->scrollArea->viewport()->height();
   if (missing <= 0 || isMaximized()) return;
   resize((size() + QSize(0, missing)).boundedTo(screen()->availableSize()));
+}
+
+void frmTovak::exchangeSides() {
+  const bool withFormats = selection::formatsCanExchange(selections_);
+  selection::exchangeSides(selections_, start_.formatTables);
+  statusBar()->clearMessage();
+  if (withFormats) {
+    std::swap(delimitedFormats_.chosenSource, delimitedFormats_.chosenTarget);
+    selection::takeSourceFile(selections_, suggestionTools());
+    followSourceLayout();
+  } else {
+    statusBar()->showMessage(
+        tr("Projections and units were exchanged. Formats and file names stay: not both formats "
+           "can be read and written."));
+  }
+  refresh();
 }
 
 /// Dropping a map sheet selects the database too; any other file is examined, and its format is still to be chosen.

@@ -25,17 +25,13 @@ VerdictSign signOf(run::Verdict verdict) {
 }  // namespace
 
 VerdictLine::VerdictLine(const char* name, const QString& tip, QWidget* parent)
-    : QWidget(parent), sign_(new QLabel(this)), text_(new QLineEdit(this)) {
+    : QWidget(parent), sign_(new QLabel(this)), text_(new ElidedLine(this)) {
   auto* const layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(sign_);
   layout->addWidget(text_, 1);
-  // Unlike a label, a box never makes the window wider.
   text_->setObjectName(name);
   text_->setToolTip(tip);
-  text_->setReadOnly(true);
-  text_->setFrame(false);
-  text_->setStyleSheet("QLineEdit { background: transparent; }");
   QFont font = text_->font();
   font.setBold(true);
   text_->setFont(font);

@@ -2,11 +2,11 @@
 #pragma once
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QString>
 #include <QWidget>
 
 #include "run/preview.h"
+#include "ui/elided_text.h"
 
 namespace tovak::ui {
 
@@ -17,12 +17,11 @@ class VerdictLine : public QWidget {
   /// `name` is that of the text's box, `tip` what it shows in general.
   VerdictLine(const char* name, const QString& tip, QWidget* parent);
 
-  /// The whole text is in the tool tip, since a long one is cut.
   void setVerdict(run::Verdict verdict, const QString& text);
 
  private:
   QLabel* const sign_;
-  QLineEdit* const text_;
+  ElidedLine* const text_;
 };
 
 }  // namespace tovak::ui

@@ -97,13 +97,15 @@ bool WindowPerson::typePoint(run::PointRecord& point) {
         entryLabels(settings_, toQString(run::systemName(engine_, settings_.SourceProjectionCode))), &window_);
   while (execDialog(*entry_)) {
     const bool latLong = run::isLatLong(settings_.SourceProjectionCode);
-    text::Result<run::PointRecord> typed = run::typedPoint(entry_->texts(), latLong, settings_.latLongForm);
+    std::string_view faultyBox;
+    text::Result<run::PointRecord> typed = run::typedPoint(entry_->texts(), latLong, settings_.latLongForm, &faultyBox);
     if (typed) {
       point = std::move(*typed);
       return true;
     }
     showMessage(entry_.get(),
                 {.text = typed.error, .title = entry_->windowTitle().toStdString(), .icon = run::Icon::Exclamation});
+    entry_->beginAt(faultyBox);
   }
   return false;
 }
@@ -120,6 +122,10 @@ frmTovakOutput& WindowPerson::grid() {
 void WindowPerson::showRow(const run::PointRecord& point, bool freshGrid) {
   if (freshGrid) grid().startGrid();
   grid().addRow(point);
+  if (entry_ != nullptr) {
+    entry_->showResult(
+        entryResult(point, settings_, toQString(run::systemName(engine_, settings_.TargetProjectionCode))));
+  }
   rowsToShow_ = true;
 }
 

@@ -35,11 +35,16 @@ TEST_F(Definition, BecomesTheBareProjection) {
       Row("EPSG:26915", kUtm), Row("  epsg:26715 ", "+proj=utm +zone=15 +ellps=clrk66"),
       Row(wkt("6378137,298.257222101", "0", R"(UNIT["metre",1])"), tmerc + "GRS80"),
       // The older figure is often cut off, and a zone may put the northing first.
-      Row(wkt("6378206.4,294.9786982", "0", R"(UNIT["metre",1],AXIS["N",NORTH],AXIS["E",EAST])"), tmerc + "clrk66")};
+      Row(wkt("6378206.4,294.9786982", "0", R"(UNIT["metre",1],AXIS["N",NORTH],AXIS["E",EAST])"), tmerc + "clrk66"),
+      // Coordinates in U.S. survey feet; the origin in metres is by projinfo.
+      Row(kUtm + std::string(" +units=us-ft"), kUtm),
+      Row(wkt("6378137,298.257222101", "0", R"(UNIT["Foot_US",0.304800609601219])"),
+          "+proj=tmerc +lat_0=45 +lon_0=-93 +k=1 +x_0=152.40030480061 +y_0=30.4800609601219 +ellps=GRS80")};
   for (const auto& [definition, parameters] : cases) {
     const text::Result<Parameters> read = readDefinition(context.get(), definition, std::nullopt);
     ASSERT_TRUE(read) << definition << ": " << read.error;
     EXPECT_EQ(read->list, parameters);
+    EXPECT_EQ(read->feet, definition.ends_with("us-ft") || definition.find("Foot_US") != std::string::npos);
     EXPECT_EQ(read->datum, parameters.ends_with("GRS80") ? Datum::nad83 : Datum::nad27);
   }
   EXPECT_EQ(readDefinition(context.get(), "+proj=utm +zone=15", Datum::nad83)->list, kUtm);
@@ -53,14 +58,16 @@ TEST_F(Definition, IsRefusedWithAReason) {
       Row("PROJCS[]", "does not know it"), Row(std::string(4000, '[') + ']', "neither"),
       Row("X[" + std::string(4000, ']'), "no keyword"), Row("EPSG:4269", "not a projected coordinate system"),
       Row("EPSG:32615", "\"+ellps=WGS84\" is neither the ellipsoid of NAD83"), Row("EPSG:26715", "is of another datum"),
-      Row("EPSG:26848", "unit is not the metre"),
-      Row(wkt(grs80, "0", R"(UNIT["Foot_US",0.304800609601219])"), "unit is not"),
+      Row("EPSG:2222", "unit is the international foot"),
+      Row(wkt(grs80, "0", R"(UNIT["foot",0.3048])"), "unit is the international foot"),
+      Row(wkt(grs80, "0", R"(UNIT["yard",0.9144])"), "unit is neither the metre nor the U.S. survey foot"),
       Row(wkt("6378418.941,298.257222101", "0", R"(UNIT["metre",1])"), "neither the ellipsoid"),
       Row(wkt(grs80, "2.33722917", R"(UNIT["metre",1])"), "meridian of Greenwich"),
       Row(wkt(grs80 + "],TOWGS84[1,2,3,0,0,0,0", "0", R"(UNIT["metre",1])"), "datum shift of its own"),
       Row(wkt(grs80, "0", R"(UNIT["metre",1],AXIS["S",SOUTH],AXIS["W",WEST])"), "more than a map projection"),
       // What PROJ would take without a word: feet, shifts, another meridian, values with a rest, misspelt names.
-      Row("+proj=utm +zone=15 +units=us-ft", "is not the metre"),
+      Row("+proj=utm +zone=15 +units=ft", "\"+units=ft\" is the international foot"),
+      Row("+proj=utm +zone=15 +units=km", "neither the metre nor the U.S. survey foot"),
       Row("+proj=utm +zone=15 +to_meter=0.3048", "no parameter"),
       Row("+proj=utm +zone=15 +datum=NAD27", "another datum"), Row("+proj=utm +zone=15 +towgs84=1,2,3", "no value"),
       Row("+proj=utm +zone=15 +pm=paris", "no parameter"), Row("+proj=utm +zone=15.5", "no value"),

@@ -47,6 +47,18 @@ TEST_F(UserProject, IsWhatItsFileSaysAtTheStartOfARun) {
   EXPECT_EQ(engine->GetProjectionData(-263), "Bridge 9~263");
   EXPECT_NEAR(probe::convert(*engine, "103", "263M", point).northing, 307872.60844, 6e-6);
 
+  // Definitions in feet; figures by cs2cs too.
+  store("Bridge 9", "EPSG:26851", "feet");
+  EXPECT_EQ(engine->GetProjectionData(-263), "Bridge 9~263");
+  const probe::Result feet = probe::convert(*engine, "0", "263", point);
+  EXPECT_NEAR(feet.northing, 2071583.557562, 2e-5);
+  EXPECT_NEAR(feet.easting, 3086871.322063, 2e-5);
+  store("Bridge 9", kDefinition + "GRS80 +units=us-ft", "feet");
+  engine->GetProjectionData(-263);
+  EXPECT_NEAR(probe::convert(*engine, "0", "263", point).easting, 217217.677722, 2e-5);
+  store("Bridge 9", "EPSG:26851", "metres");
+  EXPECT_EQ(engine->GetProjectionData(-263), fileWithoutTilde() + ": the definition is in U.S. survey feet");
+
   store("Bridge 9", kDefinition + "clrk66", "feet\ndatum=NAD83");
   EXPECT_EQ(engine->GetProjectionData(-263), fileWithoutTilde() + ": the definition is on NAD27");
 
@@ -90,6 +102,12 @@ TEST_F(UserProject, IsCheckedBeforeItIsStored) {
        "Zero point, northing 0.000, easting 0.000 ft: latitude 00 00 00.00000, longitude -97 29 19.30127, outside the "
        "area "
        "served"},
+      {"263M\n" + kDefinition + "GRS80 +units=us-ft", 263,
+       "Datum NAD83\nUnit U.S. survey feet\n"
+       "False origin, northing 328.083, easting 1640.417 ft: latitude 45 00 00.00000, longitude -93 00 00.00000, "
+       "inside the area served\n"
+       "Zero point, northing 0.000, easting 0.000 ft: latitude 44 59 56.75997, longitude -93 00 22.82871, inside the "
+       "area served"},
       {"263\nA[" + std::string(8192, 'q') + "]", 999, "The definition is longer than 8192 characters."},
       {"263M\n+proj=utm", 999,
        "The definition cannot be used: neither \"+ellps=GRS80\" (NAD83) nor \"+ellps=clrk66\" (NAD27) is given."}};
@@ -97,6 +115,7 @@ TEST_F(UserProject, IsCheckedBeforeItIsStored) {
     std::string filled;
     EXPECT_EQ(engine->GetProjectionFromText(text, filled), code);
     EXPECT_EQ(filled, expected);
+    EXPECT_EQ(run::toldFeet(filled), text.ends_with("us-ft"));
     EXPECT_EQ(run::toldDatum(filled), code == 999 ? "" : filled.substr(6, 5));
   }
   EXPECT_EQ(engine->GetProjectionData(-263), "None Selected");

@@ -7,6 +7,28 @@
 namespace tovak::report {
 namespace {
 
+TEST(ReportSheets, BeginAtTheNewestReportAndReachEverySheet) {
+  const tests::TemporaryFolder folder;
+  const std::string end = "1 meter = 3.280833333\n";
+  std::string tall;
+  for (int i = 0; i < 100; ++i) tall += "l\n";
+  for (const auto& [bytes, newest] : {std::pair{std::string("a\n"), 1},
+                                      {"a\n" + end, 1},
+                                      {"a\n" + end + "\f\n", 1},
+                                      {"a\n" + end + "\fb\n" + end, 2},
+                                      {"a\f" + end + "\fb\fc\n" + end, 3},
+                                      {"a\n" + end + "\fb\n", 2},
+                                      {tall + end + "\fb\n" + end, 3}}) {
+    ReportSheets sheets(folder.write("file", bytes));
+    ASSERT_TRUE(sheets.open());
+    EXPECT_EQ(sheets.newestReport(), newest) << bytes;
+    Sheet first, last, again;
+    EXPECT_TRUE(sheets.take(1, first) && sheets.take(sheets.size().sheets, last) && sheets.take(1, again));
+    EXPECT_EQ(first, again);
+    EXPECT_FALSE(sheets.take(sheets.size().sheets + 1, again));
+  }
+}
+
 TEST(ReportSheets, CutAnyFileAtItsFormFeeds) {
   const tests::TemporaryFolder folder;
   const std::string wide(101, 'w'), odd = "\xC3\x84\xE4";

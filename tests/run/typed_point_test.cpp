@@ -34,6 +34,18 @@ TEST(TypedPoint, TakesOnlyWholeTextsThatAreCoordinates) {
   }
 }
 
+TEST(TypedPoint, CountsNumbersUp) {
+  for (const auto& [number, next] : {std::pair{"", ""},
+                                     {"7", "8"},
+                                     {"A09", "A10"},
+                                     {"99", "100"},
+                                     {"TBM", "TBM"},
+                                     {"5-199", "5-200"},
+                                     {"3B", "3B"},
+                                     {"99999999999999999999", "100000000000000000000"}})
+    EXPECT_EQ(nextTypedNumber(number), next);
+}
+
 TEST(TypedPoint, FillsTheRecordWithWhatWasTyped) {
   const auto taken = [](const TypedTexts& texts) {
     const text::Result<PointRecord> p = typedPoint(texts, true, AngleForm::DegreesMinutesSeconds);

@@ -6,6 +6,7 @@
 
 #include "formats/format_tables.h"
 #include "run/format_index.h"
+#include "selection/exchange.h"
 #include "support/row.h"
 #include "support/temporary_folder.h"
 
@@ -117,6 +118,46 @@ TEST(Selections, FollowFromWhatIsChosen) {
     c.action(selections);
     EXPECT_EQ(tests::changes(before, valuesOf(selections)), c.changes) << "of case " << &c - cases;
   }
+}
+
+TEST(Selections, ChangePlaces) {
+  namespace S = run::source;
+  namespace T = run::target;
+  const struct {
+    State before;
+    const char* changes;  ///< of formats and boxes; behind ", " where names and layouts change places too
+  } cases[] = {
+      {{.source = S::CommaDelimited, .target = T::Sdms, .sourceBox = "4M", .targetBox = "107", .formChosen = false},
+       "source=4 sourceBox=107 target=1 targetBox=4M, files"},
+      {{.source = S::Maptech, .target = T::BlueBook, .targetBox = "3"},
+       "chosen=0 source=3 sourceBox=3 target=12 targetBox=0, files"},
+      {{.source = S::CommaDelimited,
+        .target = T::WayPointsPlus,
+        .sourceBox = "4",
+        .targetBox = "0",
+        .form = AngleForm::DecimalDegrees,
+        .formChosen = false},
+       "chosen=1 form=S source=12 sourceBox=0 target=1 targetBox=4, files"},
+      // A format on one side only stays there, and each file name stays with its format.
+      {{.source = S::CommaDelimited, .target = T::DeLorme, .sourceBox = "4", .targetBox = "0", .formChosen = false},
+       "chosen=1 sourceBox=0"},
+      {{.source = S::CoordsLog, .target = T::CommaDelimited, .targetBox = "4M"}, "chosen=0 sourceBox=4M targetBox=0"},
+      {{.sourceBox = "103"}, "chosen=0 sourceBox=1 targetBox=103"},
+  };
+  for (const auto& c : cases) {
+    Selections selections = selectionsOf(c.before);
+    selections.run.source.fileName = selections.run.sourceDelimited.name = "read";
+    selections.run.target.fileName = selections.run.targetDelimited.name = "written";
+    const tests::Values before = valuesOf(selections);
+    EXPECT_TRUE(canExchangeSides(selections, kFormats));
+    exchangeSides(selections, kFormats);
+    const bool files = selections.run.source.fileName == "written";
+    EXPECT_EQ(tests::changes(before, valuesOf(selections)) + (files ? ", files" : ""), c.changes);
+    EXPECT_EQ(row(selections.run.target.fileName, selections.run.sourceDelimited.name),
+              files ? "read|written" : "written|read");
+  }
+  for (const State& state : {State{.source = S::GeodeticCsv}, State{.source = S::KrvBatch, .target = T::KrvBatch}})
+    EXPECT_FALSE(canExchangeSides(selectionsOf(state), kFormats));
 }
 
 TEST(Selections, ShowTheMarkOfMetresWhileABoxIsTypedInto) {

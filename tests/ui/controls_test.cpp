@@ -7,6 +7,7 @@
 #include "report/report_writer.h"
 #include "support/row.h"
 #include "ui/main_window.h"
+#include "ui/qt_text.h"
 
 namespace tovak::ui {
 namespace {
@@ -166,6 +167,9 @@ TEST_F(Controls, ChangeTheirSettingAndTheRun) {
       {"txtSourceFile", typed(other), "sourceFile=other.csv", "47.000,-91.250,DALE"},
       {"cmdSourceBrowse", browsed("other.csv"), "sourceFile=other.csv", "47.000,-91.250,DALE"},
       {"mnuFileOpen", browsed("other.csv"), "sourceFile=other.csv", "47.000,-91.250,DALE"},
+      {"cmdSwap", pressedAfter("ChkSuppress"),
+       "report=0 source=4 sourceCode=4 sourceFile=out.csv target=0 targetCode=0 targetFile=in.csv",
+       "in.csv\nexists already. Do you want to replace it?"},
       {"lstTargetFormat", pick(run::target::GeopakXy), "targetFormat=14", "STO POI 1  X -91.250  Y 46.500"},
       {"lstTargetLayout", pick(1), "targetLayout=Own", "\n1;46.500;-91.250\n"},
       {"cmdTargetLayout", ownLayout, "targetLayout=Own", "\n1;46.500;-91.250\n"},
@@ -209,12 +213,11 @@ TEST_F(Controls, ChangeTheirSettingAndTheRun) {
       {"txtDescription", typed("Bridge 9"), "description=Bridge 9", "Bridge 9"},
   };
   std::set<std::string> known = {
-      "lstHorizontal",   "lstCsvVertical",  "lstCsvZone",       "txCsvtSrcFile",  // of the database
-      "mnuFileOpenJob",  "mnuFileSaveJob",  "mnuFileSaveJobAs", "mnuFileCommand", "cmdExecute",
-      "mnuFileExecute",  "cmdClose",        "mnuFileExit",      "mnuFilePrint",   "mnuFilePreview",
-      "mnuToolsLayouts", "mnuHelpContents", "mnuHelpAbout",     "chkTargetText",  "chkShowOptions",
-      "cmdStop",         "cmdOpenTarget",   "cmdOpenReport",    "cmdShowGrid",    "cmdCopyList",
-      "cmdSaveList"};
+      "lstHorizontal",  "lstCsvVertical", "lstCsvZone",       "txCsvtSrcFile",  // of the database
+      "mnuFileOpenJob", "mnuFileSaveJob", "mnuFileSaveJobAs", "mnuFileCommand", "cmdExecute",      "mnuFileExecute",
+      "cmdClose",       "mnuFileExit",    "mnuFilePrint",     "mnuFilePreview", "mnuToolsLayouts", "mnuHelpContents",
+      "mnuHelpAbout",   "chkTargetText",  "cmdMore",          "cmdStop",        "cmdOpenTarget",   "cmdOpenReport",
+      "cmdShowGrid",    "cmdCopyList",    "cmdSaveList"};
   for (const auto& c : cases) known.insert(c.control);
   open();
   for (const QObject* const part :
@@ -301,6 +304,25 @@ TEST_F(Controls, KeepTheUnitOfANumberThatIsTypedOver) {
   EXPECT_EQ(window->focusWidget(), &widget<QLineEdit>("txtSourceProjection"));
 }
 
+TEST_F(Controls, SearchForASystemThatIsTypedByName) {
+  for (const bool metres : {false, true}) {
+    reopen();
+    auto& box = widget<QLineEdit>("txtSourceProjection");
+    if (metres) click("btnSourceMetric");
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClicks(&box, "transm nad8");
+    dialogs.expect("frmTovakSystems", [](QDialog& list) {
+      EXPECT_EQ(tests::box(list, "txtSearch").text(), "transm nad8");
+      tests::box(list, "txtSearch").setText("trans");
+      list.accept();
+    });
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_TRUE(dialogs.finished());
+    EXPECT_EQ(box.text(), metres ? "1M" : "1");
+  }
+}
+
 TEST_F(Controls, AnswerWhereTheyApply) {
   const auto answering = [this] {
     std::string names;
@@ -317,6 +339,8 @@ TEST_F(Controls, AnswerWhereTheyApply) {
             "frameLLfmt frameAdjustment frameVertical frameNumbering ChkSuppress frameReport txtDescription ");
   choose("lstTargetFormat", run::target::KrvBatch);
   EXPECT_EQ(chosen("lstSourceFormat"), run::source::KrvBatch);
+  EXPECT_EQ(widget<QWidget>("lstSourceFormat").toolTip(), plainTip("KRV Batch Input File (not available)"));
+  EXPECT_EQ(widget<QComboBox>("lstSourceFormat").currentText(), "KRV Batch Input File");
   EXPECT_EQ(answering(), "frameSourceFile frameTargetFile frameTargetUnits ");
   start.settings.reportEnabled = false;
   start.settings.sourceFormat = run::source::Keyboard;

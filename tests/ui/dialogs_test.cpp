@@ -1,15 +1,18 @@
 #include <QRadioButton>
+#include <QTreeWidget>
 #include <algorithm>
 #include <map>
 #include <vector>
 
 #include "ui/main_window.h"
+#include "ui/system_list.h"
 #include "ui/tovak_com_del.h"
 #include "ui/tovak_def_pt_no.h"
 #include "ui/tovak_delorme.h"
 #include "ui/tovak_input.h"
 #include "ui/tovak_maptech.h"
 #include "ui/tovak_output.h"
+#include "ui/tovak_project.h"
 #include "ui/tovak_wpt_txt.h"
 
 namespace tovak::ui {
@@ -102,6 +105,31 @@ TEST_F(EveryDialog, IsReachedByTabInTheOrderOfTheEye) {
       before = at;
     }
     EXPECT_EQ(reached, controls.size());
+  }
+}
+
+TEST_F(EveryDialog, HasItsSectionOfTheHelp) {
+  const std::map<QString, QString> sections = {{"frmTovakInput", "Keyboard"},
+                                               {"frmTovakOutput", "Screen only"},
+                                               {"frmTovakDefPtNo", "Point numbers"},
+                                               {"frmTovakWptTxt", "Trimble Waypoints File"},
+                                               {"frmTovakMaptech", "Maptech Export File (*.MXF)"},
+                                               {"frmTovakDelorme", "DeLorme Import File"},
+                                               {"frmTovakAbout", "First steps"},
+                                               {"frmTovakComDel", "Delimited formats"},
+                                               {"frmTovakProject", "The user-defined project"},
+                                               {"frmTovakSystems", "Projections and units"}};
+  dialogs_.push_back(std::make_unique<frmTovakProject>(engine));
+  dialogs_.push_back(std::make_unique<frmTovakSystems>(engine, std::int16_t{0}, "", nullptr));
+  for (const auto& dialog : dialogs_) {
+    dialog->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    QTest::keyClick(dialog.get(), Qt::Key_F1);
+    const auto* const help = dialog->findChild<QWidget*>("HelpWindow");
+    ASSERT_TRUE(help != nullptr && help->isVisible());
+    const QTreeWidgetItem* const topic = tests::control<QTreeWidget>(*help, "contents").currentItem();
+    EXPECT_EQ(topic == nullptr ? "" : topic->text(0), sections.at(dialog->objectName()));
+    dialog->close();
   }
 }
 

@@ -227,15 +227,28 @@ TEST_F(MainWindow, ShowsTypedPointsWithoutAReport) {
   presetFiles("");
   start.settings.sourceFormat = run::source::Keyboard;
   open();
-  dialogs.expect("frmTovakInput", [](QDialog& dialog) {
-    tests::box(dialog, "txtLatNorthY").setText("5,6");
-    tests::press(dialog, "cmdConvert");
-  });
+  const auto type = [this](const char* focus, const char* easting) {
+    dialogs.expect("frmTovakInput", [=](QDialog& dialog) {
+      EXPECT_EQ(dialog.focusWidget()->objectName(), focus);
+      tests::box(dialog, "txtLatNorthY").setText("5");
+      tests::box(dialog, "txtLongEastX").setText(easting);
+      tests::box(dialog, "txtZC").setText("2.5");
+      tests::press(dialog, "cmdConvert");
+    });
+  };
+  type("txtPointNumber", "x");
+  type("txtLongEastX", "6");
   dialogs.expect("frmTovakOutput", [](QDialog& dialog) { dialog.accept(); });
-  dialogs.expect("frmTovakInput", [](QDialog& dialog) { dialog.reject(); });
+  dialogs.expect("frmTovakInput", [](QDialog& dialog) {
+    EXPECT_EQ(tests::caption(dialog, "lblResult"),
+              "1: State plane South, NAD83\nNorth/Y 6.000   East/X 8.000   Elevation 5.500 (ft)");
+    EXPECT_EQ(tests::box(dialog, "txtZC").text(), "");
+    EXPECT_EQ(dialog.focusWidget()->objectName(), "txtLatNorthY");
+    dialog.reject();
+  });
   click("cmdExecute");
   EXPECT_TRUE(dialogs.finished());
-  EXPECT_EQ(contentsOf(folder.file("out.csv")), "$Tovak#4$ NAD83  (Feet)\n6.000,8.000,,1,3.000,,,\n");
+  EXPECT_EQ(contentsOf(folder.file("out.csv")), "$Tovak#4$ NAD83  (Feet)\n6.000,8.000,,1,5.500,,,\n");
 }
 
 TEST_F(MainWindow, AsksBeforeAnotherFileIsReplaced) {

@@ -53,18 +53,23 @@ TEST(OutputGrid, CopiesTheSelectedCells) {
   const struct {
     std::vector<Cell> selected;
     const char* copied;
+    const char* table;
   } cases[] = {
-      {{{0, 2}}, "10.1"},
-      {{{0, 3}, {0, 2}}, "10.1,20.1"},
-      {{{1, 0}, {0, 0}, {1, 7}, {0, 7}}, "1,A\r2,B"},
-      {{{0, 1}, {1, 1}}, "Iron, found\rtab,here"},
+      {{{0, 2}}, "10.1", "Source Northing/Latitude\n10.1\n"},
+      {{{0, 3}, {0, 2}}, "10.1,20.1", "Source Northing/Latitude\tSource Easting/Longitude\n10.1\t20.1\n"},
+      {{{1, 0}, {0, 0}, {1, 7}, {0, 7}}, "1,A\r2,B", "Point Number\tResult\n1\tA\n2\tB\n"},
+      {{{0, 1}, {1, 1}}, "Iron, found\rtab,here", "Description\nIron, found\ntab here\n"},
+      {{{0, 7}, {1, 0}}, "A\r2", "Point Number\tResult\n\tA\n2\t\n"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.copied);
     Grid grid;
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&grid.dialog));
     for (const auto& [row, column] : c.selected) grid.select(row, column);
     control<QMenu>(grid.dialog, "mnuPopUp").actions().at(0)->trigger();
     EXPECT_EQ(clipboard(), c.copied);
+    QTest::keyClick(&grid.table, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(clipboard(), c.table);
   }
 }
 

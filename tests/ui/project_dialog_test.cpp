@@ -27,7 +27,8 @@ class ProjectDialog : public MainWindow {
   };
   ProjectDialog() {
     projects.projectionFromText = [](const std::string& text, std::string& filled) {
-      filled = "Datum NAD83\nasked: " + text;
+      filled =
+          std::string("Datum NAD83\n") + (text.ends_with("us-ft") ? "Unit U.S. survey feet\n" : "") + "asked: " + text;
       return static_cast<std::int16_t>(text.ends_with("bad") ? 999 : 263);
     };
     start.engine = &projects;
@@ -53,6 +54,11 @@ TEST_F(ProjectDialog, StoresWhatTheEngineTakesAndTheSidesFollow) {
     control<QPlainTextEdit>(dialog, "txtDefinition").setPlainText("a\ngood");
     EXPECT_EQ(told(), "Datum NAD83\nasked: 263M\na good\nNot to be stored yet: the project has no name.");
     EXPECT_FALSE(store.isEnabled());
+    control<QPlainTextEdit>(dialog, "txtDefinition").setPlainText("a us-ft");
+    EXPECT_TRUE(told().find("asked: 263\n") != std::string::npos) << told();
+    EXPECT_FALSE(control<QWidget>(dialog, "btnProjectMetric").isEnabled());
+    control<QPlainTextEdit>(dialog, "txtDefinition").setPlainText("a\ngood");
+    EXPECT_TRUE(control<QWidget>(dialog, "btnProjectMetric").isEnabled());
     box(dialog, "txtProjectName").setText(" Bridge 9 ");
     EXPECT_EQ(told(), "Datum NAD83\nasked: 263M\na good");
     tests::press(dialog, "cmdStore");

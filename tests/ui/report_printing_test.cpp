@@ -2,7 +2,6 @@
 #include "ui/report_printing.h"
 
 #include <QFileDialog>
-#include <QPrintPreviewWidget>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSpinBox>
@@ -113,10 +112,12 @@ TEST_F(ReportPrinting, KeepsTheWidestLineAndTheTallestPageOnThePaper) {
 
 TEST_F(ReportPrinting, PrintsAndPreviewsAReportFileOfTheMenu) {
   std::string pages;
-  for (int i = 1; i <= 201; ++i) pages += "page " + std::to_string(i) + "\n\f\n";
+  for (int i = 1; i <= 201; ++i)
+    pages += "page " + std::to_string(i) + (i % 3 == 1 ? "\n1 meter = 3.280833333\f\n" : "\n\f\n");
   folder.write("day.rpt", pages);
   open();
   const auto chooseReport = [](QDialog& dialog) {
+    EXPECT_TRUE(dialog.windowTitle().startsWith("Report File to P"));
     EXPECT_EQ(static_cast<QFileDialog&>(dialog).selectedFiles().front().section('/', -1), "day.rpt");
     static_cast<QFileDialog&>(dialog).QDialog::done(QDialog::Accepted);
   };
@@ -127,12 +128,22 @@ TEST_F(ReportPrinting, PrintsAndPreviewsAReportFileOfTheMenu) {
     control<QSpinBox>(dialog, "to").setValue(8);
   });
   trigger("mnuFilePrint");
-  EXPECT_EQ(linesOf(pdfText(pdf, "-layout")).join(','), "page 7,page 8");
+  EXPECT_EQ(linesOf(pdfText(pdf, "-layout")).join(','), "page 7,1 meter = 3.280833333,page 8");
 
   dialogs.expect("QFileDialog", chooseReport);
-  dialogs.expect("QPrintPreviewDialog", [](QDialog& dialog) {
-    EXPECT_EQ(dialog.findChild<QPrintPreviewWidget*>()->pageCount(), 200);
-    EXPECT_EQ(dialog.windowTitle(), "Print Preview of the first 200 of 201 pages");
+  dialogs.expect("frmTovakReport", [](QDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Print Preview of day.rpt");
+    auto& page = control<QSpinBox>(dialog, "txtPage");
+    EXPECT_EQ(page.maximum(), 201);
+    // Any page is on the screen when its number is; the ink of a page differs from that of others.
+    const auto ink = [&](int number) {
+      page.setValue(number);
+      return control<QWidget>(dialog, "sheet").grab().toImage();
+    };
+    EXPECT_EQ(page.value(), 200) << "behind the end of the earlier reports";
+    const QImage newest = ink(200), last = ink(201), first = ink(1);
+    EXPECT_TRUE(newest != last && last != first);
+    EXPECT_TRUE(ink(200) == newest && ink(1) == first);
     dialog.reject();
   });
   trigger("mnuFilePreview");

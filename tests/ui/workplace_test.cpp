@@ -2,8 +2,12 @@
 // point is a control point computed outside this program.
 #include <QClipboard>
 #include <QPlainTextEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTableView>
+
+#include <sys/stat.h>
 
 #include "run/engine_loader.h"
 #include "support/environment.h"
@@ -151,7 +155,7 @@ TEST_F(Workplace, ShowsTheResultUntilSomethingIsChanged) {
   EXPECT_EQ(widget<PlanWidget>("plan").model().points.size(), 2U) << "the refused one has no place";
   tabs.setCurrentIndex(2);
 
-  click("chkShowOptions");
+  click("cmdMore");
   QApplication::processEvents();
   EXPECT_EQ(tabs.currentIndex(), 2) << "nothing was changed";
   click("btnSourceEnglish");
@@ -163,14 +167,62 @@ TEST_F(Workplace, ShowsTheResultUntilSomethingIsChanged) {
   EXPECT_EQ(table(), before);
 }
 
-TEST_F(Workplace, GivesTheRoomOfTheOptionsAwayAndBack) {
+TEST_F(Workplace, FoldsUsualOptionsAndTheReportAway) {
   start.settings.reportEnabled = true;
   show(kPoints, "4M", "0");
-  click("chkShowOptions");
-  EXPECT_FALSE(visible("grpOptions") || visible("grpReport"));
+  EXPECT_FALSE(visible("grpOptions") || visible("grpReport") || visible("frameLLfmt"));
   // The run complains about a box that is folded away.
   click("cmdExecute");
   EXPECT_TRUE(visible("txtPrintFile"));
+  // The file's first line brings an adjustment; what the person folds away then stays so.
+  click("cmdMore");
+  EXPECT_FALSE(visible("grpOptions"));
+  drop("grpSource", folder.write("own.csv", "$Tovak#0-2011$ NAD83(2011)  (Feet)\n455540.47374,-925313.81255,A,1,,\n"));
+  EXPECT_TRUE(visible("adj11btn") && checked("adj11btn") && visible("frameLLfmt"));
+  click("cmdMore");
+  click("btnDD");
+  EXPECT_FALSE(visible("grpOptions"));
+}
+
+/// Nothing is below or beside the edge of the window, whatever size of letters.
+TEST_F(Workplace, OpensWithoutScrolling) {
+  const QFont usual = QApplication::font();
+  for (const int points : {10, 11}) {
+    QFont font = usual;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+    show(kPoints, "0", "4M");
+    const auto& area = widget<QScrollArea>("scrollArea");
+    EXPECT_FALSE(area.verticalScrollBar()->isVisible() || area.horizontalScrollBar()->isVisible()) << points;
+  }
+  QApplication::setFont(usual);
+}
+
+TEST_F(Workplace, ReadsBackWhatItWroteAfterASwap) {
+  show(kPoints, "4M", "0");
+  click("cmdExecute");
+  std::filesystem::remove(folder.file("in.csv"));
+  click("cmdSwap");
+  QApplication::processEvents();
+  EXPECT_TRUE(verdict().startsWith("2 of 2 records would be converted")) << verdict().toStdString();
+  click("cmdExecute");
+  const std::string back = tests::contentsOf(folder.file("in.csv"));
+  EXPECT_TRUE(back.find("\n384833.340,914678.821,BEACON HILL,102,") != std::string::npos) << back;
+}
+
+TEST_F(Workplace, LooksIntoOrdinaryFilesOnly) {
+  const std::string fifo = folder.file("fifo");
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  for (const std::string& name : {fifo, std::string("/dev/zero"), std::string("/dev/tty")}) {
+    show(kPoints, "4M", "0");
+    type("txtSourceFile", name.c_str());
+    QApplication::processEvents();
+    EXPECT_EQ(verdict().toStdString(), name + " is no ordinary file and is not looked into.");
+    drop("grpSource", name);
+    click("cmdSwap");
+    QApplication::processEvents();
+    EXPECT_EQ(widget<QTableView>("previewTable").model()->rowCount(), 0);
+  }
 }
 
 }  // namespace
