@@ -28,8 +28,8 @@ void makeCoordinate(std::string& text, double value, bool angle, const RunSettin
 void makeSourceCoordinates(std::string& northing, std::string& easting, const PointRecord& point,
                            const RunSettings& settings);
 
-/// The source's coordinates of a point that was read, northing or latitude first, with three decimals or as the source's
-/// angles. Empty where an angle was not understood and is no packed number either.
+/// The source's coordinates of a point that was read, northing or latitude first, with three decimals or as the
+/// source's angles. Empty where an angle was not understood and is no packed number either.
 std::pair<std::string, std::string> sourceCoordinates(const RunSettings& settings, const PointRecord& point);
 
 /// As the screen shows them.
