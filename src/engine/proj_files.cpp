@@ -97,7 +97,7 @@ std::string findProjDatabase() {
 }  // namespace
 
 bool hasProjDatabase() {
-  constexpr std::string_view kHead("SQLite format 3", 16);
+  constexpr std::string_view kHead("SQLite format 3\0", 16);
   std::array<char, kHead.size()> head{};
   std::ifstream file(findProjDatabase(), std::ios::binary);
   return file.read(head.data(), head.size()) && std::string_view(head.data(), head.size()) == kHead;
