@@ -2,7 +2,7 @@
 # Exit status 77 means that the machine cannot try anything: it says why.
 
 # The Debian that was fetched once, and its packages, stay outside the clone.
-cache=${TOVAK_CHROOT_CACHE:-$HOME/.cache/tovak-chroot}
+cache=${TOVAK_CHROOT_CACHE:-${HOME:-/root}/.cache/tovak-chroot}
 release=$(. /etc/os-release && echo "${VERSION_CODENAME-}")
 
 cannot() {
@@ -23,7 +23,7 @@ fresh_debian() {
   [ "$(id -u)" -eq 0 ] || cannot "only root can start a program in a Debian of its own."
   unshare --mount --pid --fork true 2>/dev/null || cannot "this machine lets nobody mount anything."
   need_packages debootstrap || cannot "debootstrap cannot be had."
-  mkdir -p "$cache/debs" "$root/build"
+  mkdir -p "$cache/debs" "$root/build" || cannot "nothing can be kept in $cache."
   find "$cache" -type f -mtime +60 -name '*.deb' -delete
   debian=$(mktemp -d "$root/build/debian.XXXXXX")
   trap 'rm -rf --one-file-system "$debian"' EXIT
