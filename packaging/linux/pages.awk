@@ -59,7 +59,7 @@ NR == 1 {
 part == "NAME" && /^  tovak / {
   section("SYNOPSIS")
   sub(/^ +/, "")
-  put(escaped($0) "\n.br\ntovak [SOURCE]")
+  put(escaped($0) "\n.br\ntovak [SOURCE | JOB.tovak]")
   section("DESCRIPTION")
   put("Without\n.B \\-B\nor\n.B \\-Q\nthe window opens with what the command line says filled in.")
   next
