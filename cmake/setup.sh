@@ -1,7 +1,8 @@
 # Functions shared by ./run, ./test, bench/run and .ci/run: packages and the build. Sourced, never run.
 # Everything they print goes to standard error. The caller has set `root` to the folder of the project.
 
-build_packages=(g++ cmake ninja-build libproj-dev qt6-base-dev)
+core_packages=(g++ cmake ninja-build libproj-dev)
+build_packages=("${core_packages[@]}" qt6-base-dev)
 
 # The packages of the list that are not installed, one a line.
 missing_packages() {

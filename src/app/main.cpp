@@ -31,8 +31,8 @@ int main(int count, char** arguments) {
                                     {.out = std::cout,
                                      .err = std::cerr,
                                      .errIsTerminal = isatty(STDERR_FILENO) == 1,
-                                     .hasDisplay = isSet("DISPLAY") || isSet("WAYLAND_DISPLAY"),
-                                     .window = tovak::app::openWindow});
+                                     .hasDisplay = TOVAK_HAS_WINDOW && (isSet("DISPLAY") || isSet("WAYLAND_DISPLAY")),
+                                     .window = TOVAK_HAS_WINDOW ? tovak::app::openWindow : nullptr});
   } catch (const std::exception& failure) {
     tovak::app::printLine(std::cerr, std::string("Tovak: ") + failure.what());
     return tovak::app::kStoppedByMessage;

@@ -146,7 +146,9 @@ ExitStatus runProgram(const std::string& commandLine, const Surroundings& io) {
   if (faulty && (batchMode == 2 || !io.hasDisplay)) return refuse(io, line.MessageText);
   const bool inWindow = batchMode == 0 || faulty;
   if (inWindow && !io.hasDisplay) {
-    return refuse(io, "A display is needed for the main window; use -B or -Q to convert without one.");
+    return refuse(io, io.window == nullptr
+                          ? "This build of Tovak has no window; use -B or -Q to convert."
+                          : "A display is needed for the main window; use -B or -Q to convert without one.");
   }
 
   startUp(prepared, formats);

@@ -23,10 +23,10 @@ struct Surroundings {
   std::ostream& out;
   std::ostream& err;
   bool errIsTerminal = false;
-  bool hasDisplay = false;
+  bool hasDisplay = false;  ///< never without a `window`
   /// The clock: the day of the report's name, and of the head of every report.
   text::Date (*today)() = text::today;
-  /// Opens the window; see `openWindow`.
+  /// Opens the window; see `openWindow`. Null in a build without one.
   WindowFunction* window = nullptr;
 };
 

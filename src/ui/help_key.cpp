@@ -1,16 +1,17 @@
 #include "ui/help_key.h"
 
-#include <QApplication>
 #include <QShortcut>
 
+#include "run/module_loader.h"
 #include "run/run_messages.h"
 #include "ui/help_window.h"
 #include "ui/message_box.h"
+#include "ui/qt_text.h"
 
 namespace tovak::ui {
 
 QString helpFile() {
-  return QApplication::applicationDirPath() + "/Tovak.hlp";
+  return toQString(run::programFile("Tovak.hlp"));
 }
 
 void helpOnF1(QDialog& dialog, const char* anchor) {

@@ -6,7 +6,7 @@
 
 namespace tovak::ui {
 
-/// The help file beside the executable.
+/// The help file that comes with the program.
 QString helpFile();
 
 /// F1 opens the help at the section that begins with the anchor. The help belongs to the dialog, which lets no other

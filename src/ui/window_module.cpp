@@ -35,6 +35,8 @@ void openWindow(const WindowStart& start) {
   QApplication::setStyle("Fusion");
   opening = &start;
   qInstallMessageHandler(takeQtMessage);
+  // A desktop finds the window's icon by it.
+  QGuiApplication::setDesktopFileName("tovak");
   QApplication application(count, arguments);
   qInstallMessageHandler(nullptr);
   if (start.engine == nullptr) {

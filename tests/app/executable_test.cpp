@@ -59,9 +59,9 @@ TEST_F(Executable, SaysOnADisplayThatCannotBeUsedWhatTheWindowWouldHaveSaid) {
   const tests::EnvironmentVariable display("DISPLAY", folder.file("none").c_str());
   waitpid(start(folder.write("in.csv", "45.5,-93.5,A\n"), "-TF99"), &status, 0);
   EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 2) << status;
-  EXPECT_NE(contentsOf(err).find("Command Line Error: Improper Target File Format Was Specified.\n"
-                                 "Missing Component: The main window could not be opened;"),
-            std::string::npos)
+  const std::string problem = "Command Line Error: Improper Target File Format Was Specified.\n";
+  const std::string unopened = "Missing Component: The main window could not be opened;";
+  EXPECT_NE(contentsOf(err).find(TOVAK_HAS_WINDOW ? problem + unopened : problem), std::string::npos)
       << contentsOf(err);
 }
 

@@ -83,8 +83,11 @@ TEST_F(Program, ShowsHelpWithItsOwnStatus) {
   EXPECT_TRUE(err.str().ends_with("is in the argument my-house.csv\n"));
   EXPECT_EQ(contentsOf(target), "(no file)");
   EXPECT_EQ(run(""), kCommandLineProblem);
+  EXPECT_EQ(err.str(), "Command Line Error: This build of Tovak has no window; use -B or -Q to convert.\n");
+  const Surroundings io = {.out = out, .err = err, .window = openWindow};
+  err.str({});
+  EXPECT_EQ(runProgram("", io), kCommandLineProblem);
   EXPECT_EQ(err.str().find("Command Line Error: A display is needed"), 0U);
-  const Surroundings io = {.out = out, .err = err};
   err.str({});
   EXPECT_EQ(runArguments({"my \"best\" points.csv", "-B"}, io), kCommandLineProblem);
   EXPECT_EQ(err.str(), "Command Line Error: Quotation Marks Cannot Be Read: my \"best\" points.csv\n");
