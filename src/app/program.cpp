@@ -41,7 +41,7 @@ ExitStatus showHelp(std::string_view commandLine, const std::string& item, const
     io.out << page << std::flush;
     // A pager that was quit early has shown enough.
     if (io.out.good() || errno == EPIPE) return kFinished;
-    io.err << text::systemErrorText("standard output", errno) << std::endl;
+    io.err << text::systemErrorText("standard output", text::lastSystemError()) << std::endl;
     return kStoppedByMessage;
   }
   io.err << page << '\n';

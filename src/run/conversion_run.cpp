@@ -17,6 +17,7 @@
 #include "run/run_outputs.h"
 #include "run/vector_registers.h"
 #include "text/file_identity.h"
+#include "text/native_path.h"
 #include "text/strings.h"
 
 namespace tovak::run {
@@ -227,7 +228,7 @@ bool ConversionRun::mayReplaceTarget() {
   std::error_code unknown;
   const std::string& name = settings_.target.fileName;
   const bool asks = interactive() && target_.kind != TargetKind::Screen;
-  return !asks || !std::filesystem::is_regular_file(name, unknown) || person_.mayReplace(name);
+  return !asks || !std::filesystem::is_regular_file(text::pathOf(name), unknown) || person_.mayReplace(name);
 }
 
 bool ConversionRun::completeTargetName() {
