@@ -4,3 +4,5 @@ add_compile_definitions(UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00 _FILE_OFFS
 # There is no visibility of symbols: a library or a module exports all that it does not take from a static library.
 add_compile_options(-Wno-attributes)
 add_link_options(-Wl,--exclude-libs,ALL)
+# What the checks of cmake/hardening.cmake call, in every program and library by itself.
+link_libraries(-l:libssp.a)

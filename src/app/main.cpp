@@ -15,8 +15,8 @@ int main(int count, char** arguments) {
                                     {.out = std::cout,
                                      .err = std::cerr,
                                      .errIsTerminal = tovak::text::errorsGoToTerminal(),
-                                     .hasDisplay = tovak::text::hasDisplay(),
-                                     .window = tovak::app::openWindow});
+                                     .hasDisplay = TOVAK_HAS_WINDOW && tovak::text::hasDisplay(),
+                                     .window = TOVAK_HAS_WINDOW ? tovak::app::openWindow : nullptr});
   } catch (const std::exception& failure) {
     tovak::app::printLine(std::cerr, std::string("Tovak: ") + failure.what());
     return tovak::app::kStoppedByMessage;

@@ -23,7 +23,8 @@ std::string besideExecutableOr(const char* installed, const std::string& fileNam
   const fs::path folder = executableFolder();
   if (folder.empty()) return (fs::path(kNowhere) / fileName).string();
   const fs::path beside = folder / text::pathOf(fileName);
-  return fs::exists(beside, error) ? beside.string() : (folder.parent_path() / installed / fileName).string();
+  if (fs::exists(beside, error)) return beside.string();
+  return (folder.parent_path() / installed / fileName).make_preferred().string();
 }
 
 }  // namespace
