@@ -28,7 +28,8 @@ bool lacksEnding(const std::string& name, const TargetFormat& format) {
   if (text::endsWithIgnoringCase(name, format.fileNameEnding)) return false;
   if (!format.otherEnding.empty() && text::endsWithIgnoringCase(name, format.otherEnding)) return false;
   std::error_code unknown;
-  return !text::namedDescriptor(name) && !std::filesystem::is_other(std::filesystem::status(name, unknown));
+  return !text::namedDescriptor(name) &&
+         !std::filesystem::is_other(std::filesystem::status(text::pathOf(name), unknown));
 }
 
 Message endingQuestion(const TargetFormat& format) {
@@ -96,8 +97,9 @@ class ConversionRun {
 /// 0 where it is not known.
 std::uint64_t sizeOf(const std::string& fileName) {
   std::error_code unknown;
-  const bool ordinary = std::filesystem::is_regular_file(fileName, unknown);
-  const std::uintmax_t size = ordinary ? std::filesystem::file_size(fileName, unknown) : 0;
+  const std::filesystem::path path = text::pathOf(fileName);
+  const bool ordinary = std::filesystem::is_regular_file(path, unknown);
+  const std::uintmax_t size = ordinary ? std::filesystem::file_size(path, unknown) : 0;
   return unknown ? 0 : size;
 }
 

@@ -44,7 +44,7 @@ bool ExportFiles::keepsOlder() const {
 void ExportFiles::settleTarget(bool written) {
   using enum run::TargetState;
   std::error_code unknown;
-  const bool older = std::filesystem::is_regular_file(context_.settings.target.fileName, unknown);
+  const bool older = std::filesystem::is_regular_file(text::pathOf(context_.settings.target.fileName), unknown);
   context_.target = written ? Written : target_.target().isDirect() ? Incomplete : older ? OlderKept : NoFile;
 }
 
