@@ -10,6 +10,7 @@
 
 #include "run/format_index.h"
 #include "selection/job_file.h"
+#include "text/native_path.h"
 #include "text/number.h"
 #include "text/strings.h"
 
@@ -81,7 +82,7 @@ Item itemAt(std::string_view line) {
 /// Whether an item holds the help switch. The folder names of an existing file do not count.
 bool holdsHelpSwitch(std::string_view item) {
   std::error_code error;
-  const fs::path path(item);
+  const fs::path path = text::pathOf(item);
   const bool isFile = fs::exists(path, error) && !fs::is_directory(path, error);
   const std::string searched = isFile ? path.filename().string() : std::string(item);
   return text::findIgnoringCase(searched, "-h") != std::string::npos;
@@ -132,7 +133,7 @@ class Parser {
   void findWorkingFolder(const std::string& name) {
     if (name.empty()) return;
     std::error_code error;
-    const fs::path absolute = fs::absolute(name, error);
+    const fs::path absolute = fs::absolute(text::pathOf(name), error);
     const fs::path folder = fs::is_directory(absolute, error) ? absolute : absolute.parent_path();
     if (fs::is_directory(folder, error)) items_.workingFolder = folder.lexically_normal();
   }

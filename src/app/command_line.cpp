@@ -13,6 +13,7 @@
 #include "selection/job_file.h"
 #include "selection/selections.h"
 #include "text/file_identity.h"
+#include "text/native_path.h"
 #include "text/strings.h"
 
 namespace tovak::app {
@@ -76,7 +77,7 @@ class Checker {
     std::error_code error;
     if (sourceName.empty()) {
       add("Source File Was Not Specified.");
-    } else if (!fs::exists(sourceName, error)) {
+    } else if (!fs::exists(text::pathOf(sourceName), error)) {
       add("Source File Does Not Exist.");
       sourceName.clear();
     }

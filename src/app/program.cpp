@@ -19,6 +19,7 @@
 #include "run/data_folder.h"
 #include "run/module_loader.h"
 #include "text/characters.h"
+#include "text/native_path.h"
 #include "text/strings.h"
 #include "text/system_error.h"
 
@@ -41,7 +42,7 @@ ExitStatus showHelp(std::string_view commandLine, const std::string& item, const
     io.out << page << std::flush;
     // A pager that was quit early has shown enough.
     if (io.out.good() || errno == EPIPE) return kFinished;
-    io.err << text::systemErrorText("standard output", errno) << std::endl;
+    io.err << text::systemErrorText("standard output", text::lastSystemError()) << std::endl;
     return kStoppedByMessage;
   }
   io.err << page << '\n';
@@ -72,7 +73,7 @@ ExitStatus runWindow(const Preparation& prepared, std::vector<run::Message> mess
   start.settings = prepared.line.settings;
   start.settings.BatchMode = 0;
   start.job = prepared.line.job;
-  if (start.job) start.jobFile = std::filesystem::absolute(prepared.line.jobs.front()).string();
+  if (start.job) start.jobFile = std::filesystem::absolute(text::pathOf(prepared.line.jobs.front())).string();
   start.dailyReport = prepared.dailyReport;
   start.workingFolder = prepared.line.workingFolder;
   start.messages = std::move(messages);

@@ -1,6 +1,6 @@
 #include "app/startup.h"
 
-#include <cstdlib>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -8,6 +8,8 @@
 #include "formats/delimited/built_in_formats.h"
 #include "run/engine_loader.h"
 #include "run/module_loader.h"
+#include "text/environment.h"
+#include "text/native_path.h"
 
 namespace tovak::app {
 namespace {
@@ -24,9 +26,9 @@ void prepareDataFolder(const fs::path& dataFolder) {
   std::error_code ignored;
   fs::create_directories(dataFolder, ignored);
   const fs::path definitions = dataFolder / kDefinitionsName;
-  const char* const programs = std::getenv("ProgramFiles");
-  if (programs == nullptr) return;
-  const fs::path installed = fs::path(programs) / "Tovak" / kDefinitionsName;
+  const std::optional<std::string> programs = text::environmentValue("ProgramFiles");
+  if (!programs) return;
+  const fs::path installed = text::pathOf(*programs) / "Tovak" / kDefinitionsName;
   fs::copy_file(installed, definitions, ignored);  // never over an existing file
 }
 
@@ -41,7 +43,7 @@ text::Result<formats::delimited::DelimitedFormatTable> loadFormats(const fs::pat
   std::string ignored;  // A folder that cannot be written to does not matter until formats are saved.
   formats::delimited::ensureDefinitionsFile(path, ignored);
   std::error_code unknown;
-  if (!fs::exists(path, unknown)) return standardAlone;
+  if (!fs::exists(text::pathOf(path), unknown)) return standardAlone;
   return formats::delimited::loadDefinitions(path);
 }
 

@@ -12,6 +12,7 @@
 
 #include "run/module_loader.h"
 #include "text/line_reader.h"
+#include "text/native_path.h"
 #include "text/number.h"
 #include "text/strings.h"
 
@@ -109,8 +110,8 @@ std::vector<KnownGrid> readKnownGrids(const std::string& fileName, std::string& 
 
 GridFile readDatumGrid(const std::vector<KnownGrid>& known) {
   const std::string name = std::string("grids/") + kDatumGridFile;
-  const fs::path own = run::programFile(name);
-  fs::path file = run::dataFile(name);
+  const fs::path own = text::pathOf(run::programFile(name));
+  fs::path file = text::pathOf(run::dataFile(name));
   // A relative name (of the data folder, or when the executable's folder is unknown) would refer to the current folder.
   if (file.is_relative()) file = own;
   const char* const place = file == own ? " of the program" : " in the data folder";

@@ -3,17 +3,21 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <new>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include <proj.h>
 
 #include "engine/datum_grid.h"
+#include "text/environment.h"
+#include "text/native_path.h"
 #include "text/strings.h"
 
 struct PROJ_FILE_HANDLE {
@@ -74,20 +78,20 @@ constexpr PROJ_FILE_API kFileFunctions = {
     .rename_cbk = [](PJ_CONTEXT*, const char*, const char*, void*) { return 0; }};
 
 /// PROJ itself reads the variables once in a process.
-std::string_view searchedFolders() {
+std::string searchedFolders() {
   for (const char* variable : {"PROJ_DATA", "PROJ_LIB"}) {
-    const char* const value = std::getenv(variable);
-    if (value != nullptr && *value != '\0') return value;
+    if (std::optional<std::string> value = text::environmentValue(variable)) return *std::move(value);
   }
   return proj_info().searchpath;
 }
 
 std::string findProjDatabase() {
-  std::string_view folders = searchedFolders();
-  const fs::path downloads = proj_context_get_user_writable_directory(nullptr, 0);
+  const std::string searched = searchedFolders();
+  std::string_view folders = searched;
+  const fs::path downloads = text::pathOf(proj_context_get_user_writable_directory(nullptr, 0));
   std::error_code ignored;
   while (!folders.empty()) {
-    const fs::path folder = text::takeField(folders, kFolderSeparator);
+    const fs::path folder = text::pathOf(text::takeField(folders, kFolderSeparator));
     if (folder.is_relative() || folder == downloads) continue;
     if (fs::is_regular_file(folder / kDatabaseFile, ignored)) return (folder / kDatabaseFile).string();
   }
@@ -99,14 +103,14 @@ std::string findProjDatabase() {
 bool hasProjDatabase() {
   constexpr std::string_view kHead("SQLite format 3\0", 16);
   std::array<char, kHead.size()> head{};
-  std::ifstream file(findProjDatabase(), std::ios::binary);
+  std::ifstream file(text::pathOf(findProjDatabase()), std::ios::binary);
   return file.read(head.data(), head.size()) && std::string_view(head.data(), head.size()) == kHead;
 }
 
 void confine(pj_ctx* context, ProjFiles& files) {
   proj_context_set_file_finder(context, answerPath, &files);
   proj_context_set_fileapi(context, &kFileFunctions, &files);
-  ::unsetenv("PROJ_AUX_DB");                    // names further databases
+  text::removeFromEnvironment("PROJ_AUX_DB");   // names further databases
   proj_context_set_enable_network(context, 0);  // looks for PROJ's settings file first
 }
 

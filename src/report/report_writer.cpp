@@ -13,6 +13,7 @@
 #include "run/labels.h"
 #include "run/projection_code.h"
 #include "text/fixed_columns.h"
+#include "text/native_path.h"
 #include "text/number.h"
 
 namespace tovak::report {
@@ -80,8 +81,8 @@ struct EarlierContents {
 EarlierContents examine(const std::string& fileName) {
   EarlierContents contents;
   std::error_code unknown;
-  if (!std::filesystem::is_regular_file(fileName, unknown)) return contents;
-  std::ifstream file(fileName, std::ios::binary | std::ios::ate);
+  if (!std::filesystem::is_regular_file(text::pathOf(fileName), unknown)) return contents;
+  std::ifstream file(text::pathOf(fileName), std::ios::binary | std::ios::ate);
   constexpr std::ptrdiff_t kBlockSize = 65536;
   constexpr std::ptrdiff_t kOverlap = kReportMark.size() - 1;
   std::array<char, kBlockSize + kOverlap> block{};

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "run/run_messages.h"
+#include "text/native_path.h"
 #include "text/number.h"
 
 namespace tovak::run {
@@ -20,7 +21,7 @@ void appendCount(std::string& line, std::uint64_t count, std::string_view what) 
 void appendPlace(std::string& list, std::uint64_t line, const std::string& file) {
   list += "first in line ";
   appendCount(list, line, "");
-  if (!file.empty()) list += " of " + std::filesystem::path(file).filename().string();
+  if (!file.empty()) list += " of " + text::pathOf(file).filename().string();
 }
 
 /// Appends one item of a list in brackets.

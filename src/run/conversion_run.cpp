@@ -17,6 +17,7 @@
 #include "run/run_outputs.h"
 #include "run/vector_registers.h"
 #include "text/file_identity.h"
+#include "text/native_path.h"
 #include "text/strings.h"
 
 namespace tovak::run {
@@ -27,7 +28,8 @@ bool lacksEnding(const std::string& name, const TargetFormat& format) {
   if (text::endsWithIgnoringCase(name, format.fileNameEnding)) return false;
   if (!format.otherEnding.empty() && text::endsWithIgnoringCase(name, format.otherEnding)) return false;
   std::error_code unknown;
-  return !text::namedDescriptor(name) && !std::filesystem::is_other(std::filesystem::status(name, unknown));
+  return !text::namedDescriptor(name) &&
+         !std::filesystem::is_other(std::filesystem::status(text::pathOf(name), unknown));
 }
 
 Message endingQuestion(const TargetFormat& format) {
@@ -95,8 +97,9 @@ class ConversionRun {
 /// 0 where it is not known.
 std::uint64_t sizeOf(const std::string& fileName) {
   std::error_code unknown;
-  const bool ordinary = std::filesystem::is_regular_file(fileName, unknown);
-  const std::uintmax_t size = ordinary ? std::filesystem::file_size(fileName, unknown) : 0;
+  const std::filesystem::path path = text::pathOf(fileName);
+  const bool ordinary = std::filesystem::is_regular_file(path, unknown);
+  const std::uintmax_t size = ordinary ? std::filesystem::file_size(path, unknown) : 0;
   return unknown ? 0 : size;
 }
 
@@ -227,7 +230,7 @@ bool ConversionRun::mayReplaceTarget() {
   std::error_code unknown;
   const std::string& name = settings_.target.fileName;
   const bool asks = interactive() && target_.kind != TargetKind::Screen;
-  return !asks || !std::filesystem::is_regular_file(name, unknown) || person_.mayReplace(name);
+  return !asks || !std::filesystem::is_regular_file(text::pathOf(name), unknown) || person_.mayReplace(name);
 }
 
 bool ConversionRun::completeTargetName() {

@@ -1,13 +1,13 @@
 #include "run/data_folder.h"
 
-#include <cstdlib>
+#include "text/environment.h"
+#include "text/native_path.h"
 
 namespace tovak::run {
 namespace {
 
 std::filesystem::path folderFromEnvironment(const char* variable) {
-  const char* value = std::getenv(variable);
-  return value == nullptr ? std::filesystem::path() : std::filesystem::path(value);
+  return text::pathOf(text::environmentValue(variable).value_or(""));
 }
 
 }  // namespace

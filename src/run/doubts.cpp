@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "text/native_path.h"
 #include "text/number.h"
 
 namespace tovak::run {
@@ -74,7 +75,7 @@ std::string sentenceOf(const Sentence& sentence, const DoubtTally& tally) {
   if (tally.firstLine == 0) return text;
   text += tally.count == 1 ? ", in line " : ", the first in line ";
   text::appendWhole(text, static_cast<std::int64_t>(tally.firstLine));
-  if (!tally.firstFile.empty()) text += " of " + std::filesystem::path(tally.firstFile).filename().string();
+  if (!tally.firstFile.empty()) text += " of " + text::pathOf(tally.firstFile).filename().string();
   return text;
 }
 

@@ -7,6 +7,7 @@
 #include "run/labels.h"
 #include "run/projection_code.h"
 #include "text/line_reader.h"
+#include "text/native_path.h"
 #include "text/number.h"
 #include "text/strings.h"
 
@@ -58,7 +59,7 @@ std::optional<Identification> readIdentification(std::string_view line) {
 std::optional<Identification> identificationOf(const std::string& fileName) {
   // A pipe can be read only once, and that is left to the run.
   std::error_code unknown;
-  if (!std::filesystem::is_regular_file(fileName, unknown)) return std::nullopt;
+  if (!std::filesystem::is_regular_file(text::pathOf(fileName), unknown)) return std::nullopt;
   text::LineReader reader;
   std::string_view line;
   if (!reader.open(fileName) || !reader.next(line)) return std::nullopt;

@@ -1,40 +1,30 @@
 #include "run/module_loader.h"
 
-#include <cstdlib>
 #include <filesystem>
-
-#include <dlfcn.h>
+#include <optional>
 
 #include "run/data_folder.h"
+#include "run/executable_folder.h"
+#include "text/environment.h"
+#include "text/native_path.h"
 
 namespace tovak::run {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// The system's name of this program. It is no folder: nothing is found in it.
-constexpr const char* kExecutable = "/proc/self/exe";
-
-/// Empty where the system does not tell it.
-fs::path executableFolder() {
-  std::error_code error;
-  return fs::read_symlink(kExecutable, error).parent_path();
-}
+/// Where nothing is found: a file is no folder.
+constexpr const char* kNowhere = "/proc/self/exe";
 
 /// The file beside the executable, else the one in a folder of the installation, where it need not exist. Never one of
-/// the
-/// current folder, which anybody may have filled: without the executable's folder the name leads nowhere.
+/// the current folder, which anybody may have filled: without the executable's folder the name leads nowhere.
 std::string besideExecutableOr(const char* installed, const std::string& fileName) {
   std::error_code error;
   const fs::path folder = executableFolder();
-  if (folder.empty()) return (fs::path(kExecutable) / fileName).string();
-  const fs::path beside = folder / fileName;
-  return fs::exists(beside, error) ? beside.string() : (folder.parent_path() / installed / fileName).string();
-}
-
-std::string lastLoaderError() {
-  const char* const text = ::dlerror();
-  return text == nullptr ? "unknown error" : text;
+  if (folder.empty()) return (fs::path(kNowhere) / fileName).string();
+  const fs::path beside = folder / text::pathOf(fileName);
+  if (fs::exists(beside, error)) return beside.string();
+  return (folder.parent_path() / installed / fileName).make_preferred().string();
 }
 
 }  // namespace
@@ -53,17 +43,11 @@ std::string dataFile(const std::string& fileName) {
 
 std::string modulePath(const std::string& identifier, const char* overridingVariable) {
   std::error_code error;
-  const char* const named = overridingVariable == nullptr ? nullptr : std::getenv(overridingVariable);
+  std::optional<std::string> named;
+  if (overridingVariable != nullptr) named = text::environmentValue(overridingVariable);
   // Of a name without a folder the loader would search the system.
-  if (named != nullptr && *named != '\0') return fs::absolute(named, error).string();
+  if (named) return fs::absolute(text::pathOf(*named), error).string();
   return besideExecutableOr(TOVAK_MODULE_FOLDER, identifier.substr(0, identifier.find('.')) + TOVAK_MODULE_SUFFIX);
-}
-
-void* loadModuleFunction(const std::string& path, const char* functionName, std::string& reason) {
-  void* const module = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-  void* const function = module == nullptr ? nullptr : ::dlsym(module, functionName);
-  if (function == nullptr) reason = lastLoaderError();
-  return function;
 }
 
 }  // namespace tovak::run

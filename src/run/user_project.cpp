@@ -10,6 +10,7 @@
 #include "run/projection_code.h"
 #include "text/line_reader.h"
 #include "text/line_writer.h"
+#include "text/native_path.h"
 #include "text/strings.h"
 
 namespace tovak::run {
@@ -97,7 +98,7 @@ class Reader {
 
 bool exists(const std::string& fileName) {
   std::error_code error;
-  return std::filesystem::symlink_status(fileName, error).type() != std::filesystem::file_type::not_found;
+  return std::filesystem::symlink_status(text::pathOf(fileName), error).type() != std::filesystem::file_type::not_found;
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "run/projection_box.h"
 #include "run/projection_code.h"
 #include "text/line_reader.h"
+#include "text/native_path.h"
 #include "text/number.h"
 #include "text/strings.h"
 
@@ -94,7 +95,8 @@ class EdgeWalk {
 text::Result<UsualAreas> readUsualAreas(const std::string& fileName) {
   using Areas = text::Result<UsualAreas>;
   std::error_code unknown;
-  if (std::filesystem::symlink_status(fileName, unknown).type() == std::filesystem::file_type::not_found) {
+  if (std::filesystem::symlink_status(text::pathOf(fileName), unknown).type() ==
+      std::filesystem::file_type::not_found) {
     return UsualAreas();
   }
   UsualAreas areas;

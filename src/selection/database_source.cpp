@@ -10,6 +10,7 @@
 #include "formats/database/sheet_scan.h"
 #include "run/run_messages.h"
 #include "selection/database_choices.h"
+#include "text/native_path.h"
 #include "text/strings.h"
 #include "text/system_error.h"
 
@@ -35,8 +36,8 @@ DatabaseOutcome chooseDatabaseSource(Selections& selections, const run::FormatTa
   };
   const std::string path(text::trimBlanks(settings.source.fileName));
   std::error_code error;
-  const bool there = std::filesystem::exists(path, error);
-  if (error) return leave({.problem = run::systemMessage(text::systemErrorText(path, error.value()))});
+  const bool there = std::filesystem::exists(text::pathOf(path), error);
+  if (error) return leave({.problem = run::systemMessage(text::systemErrorText(path, error))});
   if (!there) return leave({.missing = true, .problem = std::nullopt});
   text::Result<formats::database::MapSheetList> search = formats::database::findMapSheets(path);
   if (!search) return leave({.problem = formats::database::sheetMessage(search.error)});

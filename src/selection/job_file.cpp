@@ -12,6 +12,7 @@
 #include "selection/job_values.h"
 #include "text/characters.h"
 #include "text/line_reader.h"
+#include "text/native_path.h"
 #include "text/strings.h"
 #include "text/target_file.h"
 
@@ -27,7 +28,8 @@ constexpr std::string_view kRemark = "# Run it with: tovak NAME.tovak -B\n";
 
 JobContext contextOf(const std::string& fileName, const run::FormatTables& formats) {
   std::error_code unknown;
-  return {.formats = formats, .folder = std::filesystem::absolute(fileName, unknown).parent_path().string()};
+  return {.formats = formats,
+          .folder = std::filesystem::absolute(text::pathOf(fileName), unknown).parent_path().generic_string()};
 }
 
 bool usesProject(const run::RunSettings& settings) {

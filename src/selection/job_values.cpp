@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "text/characters.h"
+#include "text/native_path.h"
 #include "text/number.h"
 #include "text/strings.h"
 
@@ -86,14 +87,14 @@ Text textOfValue(std::string_view value) {
 std::string nameFromFolder(const std::string& name, const std::string& folder) {
   if (name.empty()) return name;
   std::error_code unknown;
-  const std::string path = std::filesystem::absolute(name, unknown).string();
+  const std::string path = std::filesystem::absolute(text::pathOf(name), unknown).generic_string();
   const std::string prefix = folder.ends_with('/') ? folder : folder + '/';
   const bool below = path.starts_with(prefix) && path.size() > prefix.size() && path[prefix.size()] != '/';
   return below ? path.substr(prefix.size()) : path;
 }
 
 std::string nameInFolder(const std::string& name, const std::string& folder) {
-  return name.empty() ? name : (std::filesystem::path(folder) / name).string();
+  return name.empty() ? name : (text::pathOf(folder) / text::pathOf(name)).string();
 }
 
 text::Result<std::int32_t> wholeNumber(std::string_view value, std::int32_t least, std::int32_t most) {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "run/projection_code.h"
+#include "text/native_path.h"
 #include "text/strings.h"
 
 namespace tovak::selection {
@@ -187,7 +188,7 @@ run::RunSettings runSettings(const Selections& selections, const run::FormatTabl
   for (std::string* const name : {&settings.source.fileName, &settings.target.fileName, &settings.reportFileName}) {
     // Blanks may be typing slips, but a file may have them in its name.
     std::error_code unknown;
-    if (!std::filesystem::exists(*name, unknown)) *name = std::string(text::trimBlanks(*name));
+    if (!std::filesystem::exists(text::pathOf(*name), unknown)) *name = std::string(text::trimBlanks(*name));
   }
   const auto source = static_cast<std::size_t>(settings.sourceFormat);
   const auto target = static_cast<std::size_t>(settings.targetFormat);

@@ -1,15 +1,11 @@
 #include "text/line_reader.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <utility>
 
-#include <fcntl.h>
-#include <unistd.h>
-
+#include "text/descriptor.h"
 #include "text/number.h"
-#include "text/system_calls.h"
 #include "text/system_error.h"
 
 namespace tovak::text {
@@ -18,13 +14,6 @@ namespace {
 constexpr std::size_t kBlockSize = std::size_t{64} << 10;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr char kEndOfFileCharacter = '\x1A';
-
-ssize_t readBlock(int file, char* to, std::size_t size) {
-  ssize_t count = 0;
-  do count = systemCalls.read(file, to, size);
-  while (count < 0 && errno == EINTR);
-  return count;
-}
 
 /// "FILE: line N".
 std::string placeInFile(const std::string& fileName, std::uint64_t line) {
@@ -40,7 +29,7 @@ LineReader::~LineReader() {
 }
 
 void LineReader::close() {
-  if (file_ >= 0) systemCalls.close(file_);
+  if (file_ >= 0) closeFile(file_);
   file_ = -1;
 }
 
@@ -52,10 +41,8 @@ bool LineReader::open(const std::string& fileName, std::uint64_t start) {
   start_ = start;
   bytesBefore_ += bytesRead_;
   startOver();
-  const int flags = O_RDONLY | O_CLOEXEC | (limit_ != 0 ? O_NONBLOCK : 0);
-  do file_ = systemCalls.open(fileName.c_str(), flags, 0);
-  while (file_ < 0 && errno == EINTR);
-  if (file_ < 0) return fail(Fault::System, systemErrorText(fileName_, errno));
+  file_ = openToRead(fileName, limit_ == 0);
+  if (file_ < 0) return fail(Fault::System, systemErrorText(fileName_, lastSystemError()));
   version_ = versionOf(file_);
   if (buffer_.empty()) buffer_.resize(kBlockSize);
   return start == 0 || rewind();
@@ -77,9 +64,7 @@ void LineReader::startOver() {
 
 bool LineReader::rewind() {
   startOver();
-  if (::lseek(file_, static_cast<off_t>(start_), SEEK_SET) < 0)
-    return fail(Fault::System, systemErrorText(fileName_, errno));
-  return true;
+  return goToByte(file_, start_) || fail(Fault::System, systemErrorText(fileName_, lastSystemError()));
 }
 
 bool LineReader::fail(Fault fault, std::string text) {
@@ -108,8 +93,8 @@ bool LineReader::fill() {
   if (end_ == buffer_.size()) buffer_.resize(buffer_.size() * 2);
   const std::size_t room = buffer_.size() - end_;
   const std::size_t wanted = limit_ == 0 ? room : std::min(room, limit_ + 1 - bytesRead_);
-  const ssize_t count = readBlock(file_, buffer_.data() + end_, wanted);
-  if (count < 0) return fail(Fault::System, systemErrorText(fileName_, errno));
+  const std::ptrdiff_t count = readBlock(file_, buffer_.data() + end_, wanted);
+  if (count < 0) return fail(Fault::System, systemErrorText(fileName_, lastSystemError()));
   bytesRead_ += static_cast<std::size_t>(count);
   const bool ended = count == 0;
   // The one byte beyond the limit tells a longer file from one that ends there.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -13,7 +14,7 @@ namespace tovak::text {
 class LineWriter {
  public:
   /// Lines end with the platform's line end.
-  static constexpr std::string_view kLineEnd = "\n";
+  static constexpr std::string_view kLineEnd = std::filesystem::path::preferred_separator == '/' ? "\n" : "\r\n";
 
   bool open(const std::string& fileName, TargetFile::Way way = TargetFile::Way::Replace,
             TargetFile::Joint joint = nullptr);

@@ -12,6 +12,7 @@
 #include "formats/delimited/field_codes.h"
 #include "run/projection_code.h"
 #include "run/run_messages.h"
+#include "text/native_path.h"
 #include "text/strings.h"
 #include "ui/format_preview_table.h"
 #include "ui/help_key.h"
@@ -45,7 +46,7 @@ bool isKey(const QEvent& event, std::initializer_list<int> keys) {
 /// A file that could not be read may hold formats that the person still wants to repair by hand.
 bool mayReplace(QWidget* window, const std::string& path) {
   std::error_code unknown;
-  if (!std::filesystem::exists(path, unknown)) return true;
+  if (!std::filesystem::exists(text::pathOf(path), unknown)) return true;
   const std::string fault = formats::delimited::loadDefinitions(path).error;
   if (fault.empty()) return true;
   return askQuestion(window, {.text = fault + "\nDo you want to replace this file by the formats of the list?",

@@ -1,10 +1,11 @@
 /// An environment variable that has a value set by the test until the end of its scope.
 #pragma once
 
+#include <cstdlib>
 #include <optional>
 #include <string>
 
-#include <stdlib.h>
+#include "support/system.h"
 
 namespace tovak::tests {
 
@@ -12,23 +13,15 @@ class EnvironmentVariable {
  public:
   /// A null value takes the variable away.
   EnvironmentVariable(const char* name, const char* value) : name_(name) {
-    if (const char* const before = getenv(name)) before_ = before;
-    set(value);
+    if (const char* const before = std::getenv(name)) before_ = before;
+    setVariable(name, value);
   }
   EnvironmentVariable(const char* name, const std::string& value) : EnvironmentVariable(name, value.c_str()) {}
   EnvironmentVariable(const EnvironmentVariable&) = delete;
   EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
-  ~EnvironmentVariable() { set(before_ ? before_->c_str() : nullptr); }
+  ~EnvironmentVariable() { setVariable(name_, before_ ? before_->c_str() : nullptr); }
 
  private:
-  void set(const char* value) {
-    if (value != nullptr) {
-      setenv(name_, value, 1);
-    } else {
-      unsetenv(name_);
-    }
-  }
-
   const char* name_;
   std::optional<std::string> before_;
 };

@@ -4,16 +4,14 @@
 #include <fstream>
 #include <iterator>
 
-#include <stdlib.h>
+#include "support/system.h"
+#include "text/native_path.h"
 
 namespace tovak::tests {
 
 namespace fs = std::filesystem;
 
-TemporaryFolder::TemporaryFolder() {
-  std::string pattern = (fs::temp_directory_path() / "tovak_test_XXXXXX").string();
-  path_ = mkdtemp(pattern.data());
-}
+TemporaryFolder::TemporaryFolder() : path_(makeTemporaryFolder()) {}
 
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
@@ -33,9 +31,9 @@ std::vector<std::string> TemporaryFolder::names() const {
 }
 
 std::string contentsOf(const std::string& fileName) {
-  std::ifstream in(fileName, std::ios::binary);
+  std::ifstream in(text::pathOf(fileName), std::ios::binary);
   if (!in) return "(no file)";
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  return withPlainLineEnds({std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()});
 }
 
 }  // namespace tovak::tests

@@ -27,7 +27,7 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
-/// The bytes of a file; "(no file)" when it cannot be opened.
+/// The bytes of a file, with LF in place of the system's line end; "(no file)" when it cannot be opened.
 std::string contentsOf(const std::string& fileName);
 
 }  // namespace tovak::tests

@@ -3,7 +3,8 @@
 #include <locale>
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
+
+#include "support/system.h"
 
 /// The main function of test programs with windows: they are drawn in memory, and like all others the tests run under
 /// the locale of their environment.
@@ -15,7 +16,7 @@ int main(int count, char** arguments) {
     std::locale::global(std::locale::classic());
   }
   // A test that needs a data folder has one of its own.
-  setenv("APPDATA", "/dev/null", 1);
+  tovak::tests::setVariable("APPDATA", tovak::tests::kNoFolder);
   testing::InitGoogleTest(&count, arguments);
   const QApplication application(count, arguments);
   std::setlocale(LC_ALL, "");

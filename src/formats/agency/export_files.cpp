@@ -5,6 +5,7 @@
 
 #include "run/combination_rules.h"
 #include "run/run_messages.h"
+#include "text/native_path.h"
 
 namespace tovak::formats::agency {
 
@@ -37,13 +38,13 @@ bool ExportFiles::keepsOlder() const {
   if (context_.counts.converted != 0) return false;
   std::error_code unknown;
   return created_ ? target_.target().hasOlder()
-                  : std::filesystem::is_regular_file(context_.settings.target.fileName, unknown);
+                  : std::filesystem::is_regular_file(text::pathOf(context_.settings.target.fileName), unknown);
 }
 
 void ExportFiles::settleTarget(bool written) {
   using enum run::TargetState;
   std::error_code unknown;
-  const bool older = std::filesystem::is_regular_file(context_.settings.target.fileName, unknown);
+  const bool older = std::filesystem::is_regular_file(text::pathOf(context_.settings.target.fileName), unknown);
   context_.target = written ? Written : target_.target().isDirect() ? Incomplete : older ? OlderKept : NoFile;
 }
 

@@ -8,6 +8,7 @@
 
 #include "run/run_messages.h"
 #include "text/line_reader.h"
+#include "text/native_path.h"
 #include "text/number.h"
 #include "text/strings.h"
 #include "text/system_error.h"
@@ -66,9 +67,9 @@ text::Result<MapSheetList> findMapSheets(const std::string& path) {
   using Sheets = text::Result<MapSheetList>;
   const std::size_t ending = text::findIgnoringCase(path, kEnding);
   if (ending == std::string::npos) return Sheets::failure("The source file is not a CSV file.");
-  const std::string name = fs::path(path).filename().string();
+  const std::string name = text::pathOf(path).filename().string();
   const NamePattern pattern = patternOf(path, name, ending);
-  const fs::path folder = fs::path(path).parent_path();
+  const fs::path folder = text::pathOf(path).parent_path();
   std::error_code error;
   MapSheetList sheets;
   fs::directory_iterator entry(folder.empty() ? "." : folder, error);
@@ -78,9 +79,9 @@ text::Result<MapSheetList> findMapSheets(const std::string& path) {
     if (!matches(pattern, found) || !entry->is_regular_file(unknown)) continue;
     if (sheets.size() == kMostMapSheets)
       return Sheets::failure("There are more than seven map sheets for this county.");
-    sheets.push_back((folder / found).string());
+    sheets.push_back((folder / entry->path().filename()).string());
   }
-  if (error) return Sheets::failure(text::systemErrorText(folder.empty() ? "." : folder.string(), error.value()));
+  if (error) return Sheets::failure(text::systemErrorText(folder.empty() ? "." : folder.string(), error));
   std::sort(sheets.begin(), sheets.end(), comesBefore);
   return sheets;
 }
@@ -102,7 +103,7 @@ std::string loadMapSheetCodes(const std::string& path) {
   std::string codes;
   std::error_code unknown;
   text::LineReader lines;
-  if (!fs::is_regular_file(path, unknown) || !lines.open(path)) return codes;
+  if (!fs::is_regular_file(text::pathOf(path), unknown) || !lines.open(path)) return codes;
   std::string_view line;
   while (codes.size() < text::LineReader::kMaxLineLength && lines.next(line)) {
     const std::string_view code = text::trimBlanks(line);
@@ -114,7 +115,7 @@ std::string loadMapSheetCodes(const std::string& path) {
 }
 
 bool isMapSheet(const std::string& path, std::string_view codes) {
-  const fs::path name = fs::path(path).filename();
+  const fs::path name = text::pathOf(path).filename();
   const std::string code = name.stem().string();
   return !code.empty() && text::equalsIgnoringCase(name.extension().string(), kEnding) &&
          text::findIgnoringCase(codes, code) != std::string_view::npos;

@@ -8,6 +8,7 @@
 
 #include "formats/delimited/built_in_formats.h"
 #include "text/line_reader.h"
+#include "text/native_path.h"
 #include "text/number.h"
 #include "text/strings.h"
 #include "text/target_file.h"
@@ -136,7 +137,7 @@ bool writeWhole(const std::string& path, const std::string& bytes, std::string& 
 
 bool ensureDefinitionsFile(const std::string& path, std::string& error) {
   std::error_code unknown;
-  if (std::filesystem::exists(path, unknown)) return true;
+  if (std::filesystem::exists(text::pathOf(path), unknown)) return true;
   return writeWhole(path, fileText({standardFormat()}, 1, false), error);
 }
 

@@ -1,5 +1,3 @@
-#include "text/target_file.h"
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -19,6 +17,7 @@
 #include "text/number.h"
 #include "text/system_calls.h"
 #include "text/system_error.h"
+#include "text/target_file.h"
 
 namespace tovak::text {
 namespace {

@@ -1,6 +1,6 @@
-#include "text/system_calls.h"
-
 #include <cstdio>
+
+#include "text/system_calls.h"
 
 namespace tovak::text {
 
