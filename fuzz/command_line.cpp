@@ -34,7 +34,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       !arguments.front().empty() && arguments.front().find_first_of("-\"\t\n\v\f\r ") == std::string::npos;
   if (plain && app::faultyArgument(arguments).empty()) {
     const app::CommandItems items = app::parseCommandItems(joined);
-    fuzz::require(items.source.fileName == arguments.front(), "the first name is the source's", joined);
+    const std::string& first = items.jobs.empty() ? items.source.fileName : items.jobs.front();
+    fuzz::require(first == arguments.front(), "the first name is that of a job or the source", joined);
   }
   return 0;
 }
