@@ -148,6 +148,7 @@ class WrittenAngle {
 
   AngleReading reading_(AngleForm form) const {
     if (count_ == 1 && !degreeSign_) return interpretAngle(parts_[0], form);
+    if (!std::isfinite(parts_[0])) return {.fault = AngleFault::TooLarge};
     return fromParts({.degrees = parts_[0], .minutes = parts_[1], .seconds = parts_[2]});
   }
 

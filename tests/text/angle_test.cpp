@@ -86,6 +86,7 @@ TEST(ReadAngle, RefusesOrDoubtsTheRest) {
     EXPECT_EQ(angle.fault, fault) << text;
     EXPECT_EQ(angle.textBehind, behind) << text;
   }
+  EXPECT_EQ(readAngle(std::string(400, '7') + "d", D, AngleAxis::Latitude, scratch).fault, AngleFault::TooLarge);
   EXPECT_EQ(readAngle("93-12-30 W", D, AngleAxis::Longitude, scratch).fault, AngleFault::None);
   EXPECT_EQ(readAngle("93-12-30 E", D, AngleAxis::Longitude, scratch).fault, AngleFault::OtherHemisphere);
 }
