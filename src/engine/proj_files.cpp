@@ -108,7 +108,7 @@ bool hasProjDatabase() {
 }
 
 void confine(pj_ctx* context, ProjFiles& files) {
-  proj_context_set_file_finder(context, answerPath, &files);
+  proj_context_set_file_finder(context, answerPath, nullptr);
   proj_context_set_fileapi(context, &kFileFunctions, &files);
   text::removeFromEnvironment("PROJ_AUX_DB");   // names further databases
   proj_context_set_enable_network(context, 0);  // looks for PROJ's settings file first

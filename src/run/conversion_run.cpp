@@ -96,11 +96,8 @@ class ConversionRun {
 
 /// 0 where it is not known.
 std::uint64_t sizeOf(const std::string& fileName) {
-  std::error_code unknown;
-  const std::filesystem::path path = text::pathOf(fileName);
-  const bool ordinary = std::filesystem::is_regular_file(path, unknown);
-  const std::uintmax_t size = ordinary ? std::filesystem::file_size(path, unknown) : 0;
-  return unknown ? 0 : size;
+  const std::optional<text::FileVersion> file = text::versionOf(fileName);
+  return file ? static_cast<std::uint64_t>(file->size) : 0;
 }
 
 std::uint64_t sourceSize(const RunSettings& settings, const SourceFormat& source) {

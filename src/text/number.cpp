@@ -183,7 +183,7 @@ std::optional<double> thousandsNumber(std::string_view text, std::string& scratc
   if (plain.length == number.size() && plain.length != 0) return plain.value;
   const std::size_t first = number.starts_with('-') || number.starts_with('+') ? 1 : 0;
   std::size_t end = skipDigits(number, first);
-  if (end == number.size() || number[end] != ',') return strictNumber(number);
+  if (end == number.size() || number[end] != ',') return std::nullopt;
   const std::string_view leadingGroup = number.substr(first, end - first);
   if (leadingGroup.empty() || leadingGroup.size() > kThousandsGroup || leadingGroup == "0") return std::nullopt;
   scratch = number.substr(0, end);

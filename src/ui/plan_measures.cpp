@@ -107,7 +107,7 @@ QString planAngle(double degrees, double step, PlanAxis axis) {
   return toQString(out);
 }
 
-PlanCourse planCourse(PlanPlace from, PlanPlace to) {
+PlanCourse planCourse(run::Place from, run::Place to) {
   // Gauss's formulas at the middle latitude.
   const double middle = (from.latitude + to.latitude) / 2;
   const double longitude = radians(to.longitude - from.longitude);

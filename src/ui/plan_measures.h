@@ -30,7 +30,7 @@ struct PlanCourse {
   double metres = 0.0;
   double azimuth = 0.0;  ///< at the first place, degrees clockwise from geodetic north, 0 to 360
 };
-PlanCourse planCourse(PlanPlace from, PlanPlace to);
+PlanCourse planCourse(run::Place from, run::Place to);
 
 /// "812 m", "41.23 km"; or in US survey feet, "135,275 ft (25.6 mi)". Below a hundred metres it has as many decimals as
 /// `metresPerPixel` justifies.

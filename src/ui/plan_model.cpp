@@ -40,7 +40,7 @@ bool counts(const PlanPoint& point) {
   return point.hasPlace() && point.state != PlanState::refused;
 }
 
-void include(std::optional<PlanBox>& box, PlanPlace place) {
+void include(std::optional<PlanBox>& box, run::Place place) {
   if (!box) box = PlanBox{place.latitude, place.latitude, place.longitude, place.longitude};
   box->include(place);
 }
@@ -88,7 +88,7 @@ QString countsByName(const std::vector<Inside>& zones, int all) {
 /// area.
 QString nearestText(const PlanModel& model, PlanAreaKind kind, bool feet) {
   const PlanBox box = pointBox(model.points).value_or(PlanBox());
-  const PlanPlace middle = {(box.south + box.north) / 2, (box.west + box.east) / 2};
+  const run::Place middle = {(box.south + box.north) / 2, (box.west + box.east) / 2};
   const PlanArea* nearest = nullptr;
   PlanCourse shortest;
   for (const PlanArea& area : model.areas) {

@@ -22,7 +22,7 @@ inline constexpr int kPlanStates = 4;
 PlanState stateOf(run::Fate fate);
 
 struct PlanPoint {
-  PlanPlace place;
+  run::Place place;
   QString label;  ///< the point's number
   PlanState state = PlanState::converted;
   int row = -1;  ///< by which the owner identifies the point

@@ -18,7 +18,7 @@ constexpr double kMostPixels = 1.2e7;
 
 }  // namespace
 
-void PlanBox::include(PlanPlace place) {
+void PlanBox::include(run::Place place) {
   south = std::min(south, place.latitude);
   north = std::max(north, place.latitude);
   west = std::min(west, place.longitude);
@@ -39,12 +39,12 @@ PlanProjection PlanProjection::fitted(const PlanBox& box, const QRectF& view, do
   return plan;
 }
 
-QPointF PlanProjection::toPixel(PlanPlace place) const {
+QPointF PlanProjection::toPixel(run::Place place) const {
   return view_.center() + QPointF((place.longitude - centre_.longitude) * shrink_ * pixelsPerDegree_,
                                   (centre_.latitude - place.latitude) * pixelsPerDegree_);
 }
 
-PlanPlace PlanProjection::toPlace(QPointF pixel) const {
+run::Place PlanProjection::toPlace(QPointF pixel) const {
   const QPointF offset = pixel - view_.center();
   return {centre_.latitude - offset.y() * latitudePerPixel(), centre_.longitude + offset.x() * longitudePerPixel()};
 }
@@ -54,13 +54,13 @@ QRectF PlanProjection::toPixels(const PlanBox& box) const {
 }
 
 PlanBox PlanProjection::shown() const {
-  const PlanPlace northWest = toPlace(view_.topLeft());
-  const PlanPlace southEast = toPlace(view_.bottomRight());
+  const run::Place northWest = toPlace(view_.topLeft());
+  const run::Place southEast = toPlace(view_.bottomRight());
   return {southEast.latitude, northWest.latitude, northWest.longitude, southEast.longitude};
 }
 
 void PlanProjection::zoom(QPointF pixel, double factor) {
-  const PlanPlace kept = toPlace(pixel);
+  const run::Place kept = toPlace(pixel);
   pixelsPerDegree_ = std::clamp(pixelsPerDegree_ * factor, kFewestPixels, kMostPixels);
   move(pixel - toPixel(kept));
 }

@@ -7,13 +7,9 @@
 #include <QPointF>
 #include <QRectF>
 
-namespace tovak::ui {
+#include "run/place.h"
 
-/// Decimal degrees, west negative.
-struct PlanPlace {
-  double latitude = 0.0;
-  double longitude = 0.0;
-};
+namespace tovak::ui {
 
 /// Limits in decimal degrees, west negative; the limits belong to the box.
 struct PlanBox {
@@ -22,11 +18,11 @@ struct PlanBox {
   double west = 0.0;
   double east = 0.0;
 
-  bool holds(PlanPlace place) const {
+  bool holds(run::Place place) const {
     return place.latitude >= south && place.latitude <= north && place.longitude >= west && place.longitude <= east;
   }
   /// Grows until it contains the place.
-  void include(PlanPlace place);
+  void include(run::Place place);
   bool operator==(const PlanBox&) const = default;
 };
 
@@ -37,8 +33,8 @@ class PlanProjection {
   /// shown with about two hundred metres around it.
   static PlanProjection fitted(const PlanBox& box, const QRectF& view, double margin);
 
-  QPointF toPixel(PlanPlace place) const;
-  PlanPlace toPlace(QPointF pixel) const;
+  QPointF toPixel(run::Place place) const;
+  run::Place toPlace(QPointF pixel) const;
   /// The rectangle of a box; its top is north.
   QRectF toPixels(const PlanBox& box) const;
   /// What the view shows.
@@ -48,7 +44,7 @@ class PlanProjection {
   void zoom(QPointF pixel, double factor);
   /// Moves the map by this many pixels.
   void move(QPointF pixels);
-  void centre(PlanPlace place) { centre_ = place; }
+  void centre(run::Place place) { centre_ = place; }
   /// Another view with the same middle and scale.
   void setView(const QRectF& view) { view_ = view; }
 
@@ -61,7 +57,7 @@ class PlanProjection {
 
  private:
   QRectF view_;
-  PlanPlace centre_;
+  run::Place centre_;
   double pixelsPerDegree_ = 1.0;
   double shrink_ = 1.0;  ///< the cosine of the middle latitude
   double middleLatitude_ = 0.0;

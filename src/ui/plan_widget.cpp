@@ -182,7 +182,7 @@ void PlanWidget::resizeEvent(QResizeEvent* /*event*/) {
 QString PlanWidget::footText() const {
   const PlanPoint* const point = hovered_ >= 0 ? at(hovered_) : pointer_ ? nullptr : selected();
   if (point == nullptr && !pointer_) return layout_.side.isEmpty() ? QString() : QString(kKeys);
-  const PlanPlace place = point != nullptr ? point->place : plan_.toPlace(*pointer_);
+  const run::Place place = point != nullptr ? point->place : plan_.toPlace(*pointer_);
   const double step = std::min(plan_.latitudePerPixel(), 1.0 / 3600.0);
   QString text = planAngle(place.latitude, step, PlanAxis::latitude) + "  " +
                  planAngle(place.longitude, step, PlanAxis::longitude);

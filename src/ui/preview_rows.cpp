@@ -89,10 +89,7 @@ std::vector<PlanPoint> PreviewRows::planPoints() const {
   for (int index = 0; index < rowCount(); ++index) {
     const run::PreviewRow& row = at(index);
     if (!row.place) continue;
-    points.push_back({.place = {row.place->latitude, row.place->longitude},
-                      .label = toQString(row.number),
-                      .state = stateOf(row.fate),
-                      .row = index});
+    points.push_back({.place = *row.place, .label = toQString(row.number), .state = stateOf(row.fate), .row = index});
   }
   return points;
 }

@@ -54,7 +54,7 @@ void frmTovak::lookBack(FinishedRun& run, run::PointSample& sample) {
   for (const run::SampledPoint& point : sampled) {
     const std::optional<run::Place> place = places.placeOf(point.northing, point.easting);
     if (!place) continue;
-    run.points.push_back({.place = {place->latitude, place->longitude},
+    run.points.push_back({.place = *place,
                           .label = toQString(point.number),
                           .state = stateOf(point.fate),
                           .row = static_cast<int>(point.line)});

@@ -40,7 +40,7 @@ TEST(PlanProjection, FitsABoxByItsNarrowerSide) {
 TEST(PlanMeasures, CoursesAgreeWithAnIndependentComputation) {
   // geod +ellps=GRS80
   const struct {
-    PlanPlace from, to;
+    run::Place from, to;
     double metres, azimuth;
   } cases[] = {
       {{45, -93}, {45.5, -93.7}, 78150.4417, 360 - 44.432487}, {{45, -93}, {45.001, -93}, 111.1318, 0},
@@ -196,7 +196,7 @@ TEST(Plan, PaintsMarksWherePointsLie) {
 TEST(Plan, ZoomsAboutThePointer) {
   Plan plan;
   const QPointF pixel(200, 150);
-  const PlanPlace place = plan.widget.projection().toPlace(pixel);
+  const run::Place place = plan.widget.projection().toPlace(pixel);
   const double before = plan.widget.projection().latitudePerPixel();
   QWheelEvent turn(pixel, plan.widget.mapToGlobal(pixel), {}, {0, 240}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
                    false);
